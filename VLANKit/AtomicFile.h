@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Writing a whole file so that a crash at any moment leaves the old file or the new one,
+/// whole: a temporary file beside it, flushed to the disk, renamed over the old one, and the
+/// folder flushed after the rename.
+namespace VLANKit {
+
+/// Writes the bytes to the path atomically. On failure the old file stays as it was, no
+/// temporary file is left behind, and `errorText` (when given) holds the system's words.
+[[nodiscard]] bool writeFileAtomically(const QString &path, const QByteArray &bytes,
+                                       QString *errorText = nullptr);
+
+/// Flushes a file's data to the disk itself (F_FULLFSYNC where the system has it).
+/// Returns 0, or the errno of the failure. Defined once per system.
+[[nodiscard]] int flushToDisk(int fileDescriptor);
+
+} // namespace VLANKit

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+
+/// Property lists as Qt values, through libplist: dictionaries are QVariantMap, arrays
+/// QVariantList, integers qint64, reals double, booleans bool, strings QString, data
+/// QByteArray and dates QDateTime in UTC.
+namespace VLANKit {
+
+struct PropertyListLimits
+{
+    qint64 maxBytes = 64 * 1024 * 1024;
+    int maxDepth = 256;
+};
+
+/// Parses XML or binary property-list data. Absent when the data is no property list, or is
+/// larger or deeper than the limits: libplist's parser is guarded, since a crash inside it
+/// could not be mended here.
+[[nodiscard]] std::optional<QVariant> parsePropertyList(const QByteArray &data,
+                                                        PropertyListLimits limits = {});
+
+/// The value as an XML property list, with tab indentation as the system writes it.
+/// Absent when the value holds something no property list can (a null, an unknown type).
+[[nodiscard]] std::optional<QByteArray> xmlPropertyList(const QVariant &value);
+
+} // namespace VLANKit
