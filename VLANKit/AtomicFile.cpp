@@ -42,11 +42,13 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
 {
     const QByteArray target = QFile::encodeName(path);
     const qsizetype slash = target.lastIndexOf('/');
-    const QByteArray folder = slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/")
-                                                                       : target.left(slash);
+    const QByteArray folder = slash < 0    ? QByteArray(".")
+                              : slash == 0 ? QByteArray("/")
+                                           : target.left(slash);
     QByteArray temporary = target + ".new-XXXXXX";
 
-    struct stat existing {};
+    struct stat existing
+    {};
     const bool hadFile = ::stat(target.constData(), &existing) == 0;
 
     const int fd = ::mkstemp(temporary.data());

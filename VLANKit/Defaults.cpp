@@ -7,8 +7,7 @@ namespace VLANKit {
 
 Defaults::Defaults(std::shared_ptr<DefaultsBackend> backend)
     : m_backend(std::move(backend))
-{
-}
+{}
 
 Defaults Defaults::inFile(const QString &path)
 {

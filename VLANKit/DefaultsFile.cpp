@@ -12,8 +12,7 @@ namespace VLANKit {
 
 DefaultsFile::DefaultsFile(QString path)
     : m_path(std::move(path))
-{
-}
+{}
 
 std::optional<QVariant> DefaultsFile::value(const QString &key) const
 {

@@ -24,8 +24,8 @@ std::optional<QString> HardwareCapabilities::problem(const HardwareSettings &set
         return u"This interface doesn't offer "_s + speed + u"."_s;
     if (offered->duplexes.contains(settings.duplex))
         return std::nullopt;
-    const QString words = settings.duplex.isEmpty() ? u"no duplex"_s
-                                                    : settings.duplex.join(u", "_s);
+    const QString words =
+        settings.duplex.isEmpty() ? u"no duplex"_s : settings.duplex.join(u", "_s);
     return u"This interface doesn't offer "_s + speed + u" with "_s + words + u"."_s;
 }
 

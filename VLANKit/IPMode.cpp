@@ -23,8 +23,8 @@ QString rawValue(IPMode mode)
 
 std::optional<IPMode> ipModeFromRaw(const QString &raw)
 {
-    for (IPMode mode : {IPMode::dhcp, IPMode::manual, IPMode::linkLocal, IPMode::off,
-                        IPMode::unknown}) {
+    for (IPMode mode :
+         {IPMode::dhcp, IPMode::manual, IPMode::linkLocal, IPMode::off, IPMode::unknown}) {
         if (rawValue(mode) == raw)
             return mode;
     }

@@ -49,15 +49,14 @@ std::optional<IPv6Mode> ipv6ModeFromRaw(const QString &raw)
 
 const QList<IPv6Mode> &allIPv6Modes()
 {
-    static const QList<IPv6Mode> modes{IPv6Mode::automatic, IPv6Mode::linkLocal,
-                                       IPv6Mode::manual, IPv6Mode::off, IPv6Mode::unknown};
+    static const QList<IPv6Mode> modes{IPv6Mode::automatic, IPv6Mode::linkLocal, IPv6Mode::manual,
+                                       IPv6Mode::off, IPv6Mode::unknown};
     return modes;
 }
 
 const QList<IPv6Mode> &settableIPv6Modes()
 {
-    static const QList<IPv6Mode> modes{IPv6Mode::automatic, IPv6Mode::linkLocal,
-                                       IPv6Mode::off};
+    static const QList<IPv6Mode> modes{IPv6Mode::automatic, IPv6Mode::linkLocal, IPv6Mode::off};
     return modes;
 }
 

@@ -6,7 +6,8 @@
 
 namespace VLANKit {
 /// What the platform tells of this machine, for its identity.
-class MachineFacts {
+class MachineFacts
+{
 public:
     virtual ~MachineFacts() = default;
     /// The machine's display name; never empty and never "—".
@@ -14,4 +15,4 @@ public:
     /// The hardware identifier (IOPlatformUUID on a Mac); absent when the hardware gives none.
     [[nodiscard]] virtual std::optional<QString> hardwareUUID() const = 0;
 };
-}
+} // namespace VLANKit

@@ -51,8 +51,8 @@ QString PlannedChange::summary() const
                        + arrow + c.to;
             },
             [](const Retag &c) {
-                return u"IP      "_s + number(c.tag) + gap + c.name + gap + c.from.summary()
-                       + arrow + c.to.summary();
+                return u"IP      "_s + number(c.tag) + gap + c.name + gap + c.from.summary() + arrow
+                       + c.to.summary();
             },
             [](const SetEnabled &c) {
                 return enableVerb(c.enabled) + u' ' + number(c.tag) + gap + c.name;
@@ -62,8 +62,7 @@ QString PlannedChange::summary() const
                        + u") and its service(s)"_s;
             },
             [](const Rename &c) {
-                return u"RENAME  "_s + number(c.tag) + gap + quoted(c.from) + arrow
-                       + quoted(c.to);
+                return u"RENAME  "_s + number(c.tag) + gap + quoted(c.from) + arrow + quoted(c.to);
             },
             [](const AddService &c) {
                 return u"ADD     "_s + number(c.tag) + gap + c.name + u"  to this Location"_s;
@@ -77,8 +76,7 @@ QString PlannedChange::summary() const
             },
             [](const SetDNS &c) {
                 QString line = u"DNS     "_s + c.name + gap
-                               + (c.servers.isEmpty() ? u"no servers"_s
-                                                      : c.servers.join(u", "_s));
+                               + (c.servers.isEmpty() ? u"no servers"_s : c.servers.join(u", "_s));
                 if (!c.searchDomains.isEmpty())
                     line += u"  search "_s + c.searchDomains.join(u", "_s);
                 return line;
@@ -93,8 +91,7 @@ QString PlannedChange::summary() const
                 return u"REMOVE  "_s + c.name + u"  from this Location"_s;
             },
             [](const SetHardware &c) {
-                return u"HARDWARE "_s + c.name + gap + c.from.summary() + arrow
-                       + c.to.summary();
+                return u"HARDWARE "_s + c.name + gap + c.from.summary() + arrow + c.to.summary();
             },
         },
         change);
@@ -110,9 +107,7 @@ QString PlannedChange::completed() const
             [](const Reparent &c) {
                 return u"Moved "_s + c.record.name + u" onto "_s + c.to + u'.';
             },
-            [](const Retag &c) {
-                return u"Set "_s + c.name + u" to "_s + c.to.summary() + u'.';
-            },
+            [](const Retag &c) { return u"Set "_s + c.name + u" to "_s + c.to.summary() + u'.'; },
             [](const SetEnabled &c) { return turned(c.name, c.enabled); },
             [](const RemoveVLAN &c) {
                 return u"Deleted "_s + c.name + u" and its network service."_s;

@@ -151,8 +151,7 @@ struct PlannedChange
     template <typename T>
     PlannedChange(T value) // NOLINT(google-explicit-constructor): a case is a change
         : change(std::move(value))
-    {
-    }
+    {}
 
     /// The plan's line, in the terse upper-case column form.
     [[nodiscard]] QString summary() const;

@@ -166,8 +166,7 @@ bool isUnicodeNumber(const QString &character)
     const char32_t codePoint = character.at(0).isHighSurrogate() && character.size() > 1
                                    ? QChar::surrogateToUcs4(character.at(0), character.at(1))
                                    : character.at(0).unicode();
-    return u_getIntPropertyValue(static_cast<UChar32>(codePoint), UCHAR_NUMERIC_TYPE)
-           != U_NT_NONE;
+    return u_getIntPropertyValue(static_cast<UChar32>(codePoint), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
 }
 
 QString canonical(const QString &text)

@@ -8,8 +8,7 @@ VLANError::VLANError(Case errorCase, QString description)
     : m_case(errorCase)
     , m_description(std::move(description))
     , m_utf8(m_description.toUtf8())
-{
-}
+{}
 
 VLANError VLANError::authorizationFailed(std::int32_t status)
 {
@@ -22,8 +21,8 @@ VLANError VLANError::authorizationFailed(std::int32_t status)
 VLANError VLANError::locationNotFound(const QString &name, const QStringList &known)
 {
     VLANError error(Case::locationNotFound, u"No network Location named '"_s + name
-                                                + u"'. Known Locations: "_s
-                                                + known.join(u", "_s) + u"."_s);
+                                                + u"'. Known Locations: "_s + known.join(u", "_s)
+                                                + u"."_s);
     error.m_text = name;
     error.m_known = known;
     return error;

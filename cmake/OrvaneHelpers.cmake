@@ -25,12 +25,17 @@ function(orvane_add_layer name)
     orvane_set_warnings(${name})
 endfunction()
 
-# orvane_add_gtest(ValuesTests LABEL values SOURCES … DEPENDS VLANKit)
-# Links the shared test support and registers every test case with CTest under one label.
+# orvane_add_gtest(ValuesTests LABEL values SOURCES … DEPENDS VLANKit [MAIN Core|Gui|Widgets])
+# Links the shared test support and the main of the chosen Qt application kind (Core unless
+# told), and registers every test case with CTest under one label.
 function(orvane_add_gtest name)
-    cmake_parse_arguments(A "" "LABEL" "SOURCES;DEPENDS" ${ARGN})
-    add_executable(${name} ${A_SOURCES})
-    target_link_libraries(${name} PRIVATE OrvaneTestSupport ${A_DEPENDS} GTest::gtest Qt6::Test)
+    cmake_parse_arguments(A "" "LABEL;MAIN" "SOURCES;DEPENDS" ${ARGN})
+    if(NOT A_MAIN)
+        set(A_MAIN Core)
+    endif()
+    add_executable(${name} ${A_SOURCES} $<TARGET_OBJECTS:OrvaneTestMain${A_MAIN}>)
+    target_link_libraries(${name} PRIVATE OrvaneTestSupport ${A_DEPENDS} GTest::gtest Qt6::Test
+        Qt6::${A_MAIN})
     orvane_set_warnings(${name})
     gtest_discover_tests(${name}
         PROPERTIES LABELS ${A_LABEL}

@@ -6,8 +6,8 @@
 #include <QVariant>
 
 #include <iosfwd>
-#include <ostream>
 #include <optional>
+#include <ostream>
 
 // GoogleTest finds these by argument-dependent look-up: Qt's types live in the global
 // namespace, so their printers do too.
@@ -20,7 +20,10 @@ namespace OrvaneTestRows {
 /// Prints a table row by its `name`, so that a parameterised test's failure names its case.
 /// Bring it in with `using OrvaneTestRows::PrintTo;` in the test's own namespace.
 template <typename Row>
-    requires requires(const Row &row) { row.name; }
+requires requires(const Row &row)
+{
+    row.name;
+}
 void PrintTo(const Row &row, std::ostream *out)
 {
     *out << row.name;

@@ -7,8 +7,7 @@
 
 TemporaryFolder::TemporaryFolder()
     : m_dir(QDir::tempPath() + QStringLiteral("/orvane-test-XXXXXX"))
-{
-}
+{}
 
 QString TemporaryFolder::copyOf(const QString &repositoryFolder, const QString &name) const
 {

@@ -109,8 +109,7 @@ TEST(AdapterNamingCompose, EmptyLabelGivesTheStrippedName)
 
 TEST(AdapterNamingCompose, UnknownSuffixIsKeptAndTheNewOneAdded)
 {
-    EXPECT_EQ(AdapterNaming::compose(u"Mix (L+R)"_s, u"DONGLE"_s, known),
-              u"Mix (L+R) (DONGLE)"_s);
+    EXPECT_EQ(AdapterNaming::compose(u"Mix (L+R)"_s, u"DONGLE"_s, known), u"Mix (L+R) (DONGLE)"_s);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "VLANKit/AddressPlan.h"
-#include "VLANKit/Defaults.h"
 
+#include "VLANKit/Defaults.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -206,7 +206,8 @@ TEST(AddressPlan, PresentEmptyOctet1StaysEmpty)
 
 TEST(AddressPlan, SanitisingDropsLettersThenCutsToThree)
 {
-    const auto plan = AddressPlan::decoded(R"({"octet1":"1a2b3c4","octet2":"","octet3":"","host":" 7 "})");
+    const auto plan =
+        AddressPlan::decoded(R"({"octet1":"1a2b3c4","octet2":"","octet3":"","host":" 7 "})");
     ASSERT_TRUE(plan);
     EXPECT_EQ(plan->octet1, u"123"_s);
     EXPECT_EQ(plan->host, u"7"_s);
@@ -214,7 +215,8 @@ TEST(AddressPlan, SanitisingDropsLettersThenCutsToThree)
 
 TEST(AddressPlan, SanitisingKeepsAnyScriptsNumbers)
 {
-    const auto plan = AddressPlan::decoded(u"{\"octet1\":\"\u0661\u0662x\u0663\u0664\"}"_s.toUtf8());
+    const auto plan =
+        AddressPlan::decoded(u"{\"octet1\":\"\u0661\u0662x\u0663\u0664\"}"_s.toUtf8());
     ASSERT_TRUE(plan);
     EXPECT_EQ(plan->octet1, u"\u0661\u0662\u0663"_s);
 }
@@ -256,7 +258,8 @@ TEST_F(StoredAddressPlan, SavedPlanLoadsBack)
 
 TEST_F(StoredAddressPlan, FiveKeyFormLoadsAndIsNotRewritten)
 {
-    const QByteArray stored = R"({"host":"4","octet1":"10","octet2":"1","octet3":"","subnetMask":"255.255.0.0"})";
+    const QByteArray stored =
+        R"({"host":"4","octet1":"10","octet2":"1","octet3":"","subnetMask":"255.255.0.0"})";
     defaults.setData(key, stored);
     const AddressPlan plan = AddressPlan::load(defaults);
     EXPECT_EQ(plan.octet1, u"10"_s);

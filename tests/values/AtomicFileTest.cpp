@@ -41,7 +41,8 @@ TEST(AtomicFile, ReplacesAndKeepsTheMode)
     ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0600), 0);
     ASSERT_TRUE(writeFileAtomically(path, "new"));
     EXPECT_EQ(contents(path), "new");
-    struct stat info {};
+    struct stat info
+    {};
     ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &info), 0);
     EXPECT_EQ(info.st_mode & 0777, 0600u);
 }

@@ -1,6 +1,6 @@
 #include "VLANKit/Defaults.h"
-#include "VLANKit/DefaultsFile.h"
 
+#include "VLANKit/DefaultsFile.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -66,7 +66,9 @@ TEST_F(DefaultsInFile, EmptyListStaysAnEmptyList)
 TEST_F(DefaultsInFile, MapListRoundTripsKeepingTypes)
 {
     const QList<QVariantMap> marks{
-        {{u"id"_s, u"A1"_s}, {u"internet"_s, true}, {u"tag"_s, qint64(1010)},
+        {{u"id"_s, u"A1"_s},
+         {u"internet"_s, true},
+         {u"tag"_s, qint64(1010)},
          {u"device"_s, u"en7"_s}},
         {{u"id"_s, u"B2"_s}, {u"internet"_s, false}},
     };
@@ -85,8 +87,7 @@ TEST_F(DefaultsInFile, KeysAreKeptVerbatim)
 {
     const QStringList keys{u"Orvane.internetMarks.Stage/Left"_s,
                            u"Orvane.internetMarks.Back\\slash"_s,
-                           u"Orvane.internetMarks.Trailing."_s,
-                           u"Orvane.internetMarks.Trailing"_s,
+                           u"Orvane.internetMarks.Trailing."_s, u"Orvane.internetMarks.Trailing"_s,
                            u"Orvane.internetMarks.\U0001F3A4 \"Quoted\""_s};
     for (qsizetype i = 0; i < keys.size(); ++i)
         defaults.setStringList(keys.at(i), {QString::number(i)});

@@ -4,7 +4,6 @@
 #include "VLANKit/IPv6Mode.h"
 #include "VLANKit/ServiceRecord.h"
 #include "VLANKit/VLANRecord.h"
-
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -38,8 +37,8 @@ TEST(IPMode, RawValuesRoundTrip)
     EXPECT_EQ(rawValue(IPMode::linkLocal), u"LinkLocal"_s);
     EXPECT_EQ(rawValue(IPMode::off), u"Off"_s);
     EXPECT_EQ(rawValue(IPMode::unknown), u"Unknown"_s);
-    for (IPMode mode : {IPMode::dhcp, IPMode::manual, IPMode::linkLocal, IPMode::off,
-                        IPMode::unknown})
+    for (IPMode mode :
+         {IPMode::dhcp, IPMode::manual, IPMode::linkLocal, IPMode::off, IPMode::unknown})
         EXPECT_EQ(ipModeFromRaw(rawValue(mode)), mode);
 }
 
@@ -64,9 +63,9 @@ TEST(IPv6Mode, LabelsAndRawValues)
 
 TEST(IPv6Mode, AllCasesAndSettableInOrder)
 {
-    EXPECT_EQ(allIPv6Modes(), (QList<IPv6Mode>{IPv6Mode::automatic, IPv6Mode::linkLocal,
-                                                IPv6Mode::manual, IPv6Mode::off,
-                                                IPv6Mode::unknown}));
+    EXPECT_EQ(allIPv6Modes(),
+              (QList<IPv6Mode>{IPv6Mode::automatic, IPv6Mode::linkLocal, IPv6Mode::manual,
+                               IPv6Mode::off, IPv6Mode::unknown}));
     EXPECT_EQ(settableIPv6Modes(),
               (QList<IPv6Mode>{IPv6Mode::automatic, IPv6Mode::linkLocal, IPv6Mode::off}));
     EXPECT_FALSE(isSettable(IPv6Mode::manual));
@@ -175,18 +174,18 @@ TEST(HardwareCapabilities, DuplexMustMatchAWholeCombination)
     const auto capabilities = gigabitDriver();
     EXPECT_EQ(capabilities.problem({std::nullopt, u"1000baseT"_s, {u"full-duplex"_s}}),
               std::nullopt);
-    EXPECT_EQ(capabilities.problem(
-                  {std::nullopt, u"1000baseT"_s, {u"full-duplex"_s, u"flow-control"_s}}),
-              u"This interface doesn't offer 1000baseT with full-duplex, flow-control."_s);
+    EXPECT_EQ(
+        capabilities.problem({std::nullopt, u"1000baseT"_s, {u"full-duplex"_s, u"flow-control"_s}}),
+        u"This interface doesn't offer 1000baseT with full-duplex, flow-control."_s);
 }
 
 TEST(HardwareCapabilities, DuplexInAnotherOrderIsRefused)
 {
     HardwareCapabilities capabilities;
     capabilities.speeds = {{u"1000baseT"_s, {{u"full-duplex"_s, u"flow-control"_s}}}};
-    EXPECT_EQ(capabilities.problem(
-                  {std::nullopt, u"1000baseT"_s, {u"flow-control"_s, u"full-duplex"_s}}),
-              u"This interface doesn't offer 1000baseT with flow-control, full-duplex."_s);
+    EXPECT_EQ(
+        capabilities.problem({std::nullopt, u"1000baseT"_s, {u"flow-control"_s, u"full-duplex"_s}}),
+        u"This interface doesn't offer 1000baseT with flow-control, full-duplex."_s);
 }
 
 TEST(HardwareCapabilities, EmptyDuplexNeedsAnEmptyCombination)

@@ -1,6 +1,6 @@
-#include "VLANKit/Plan.h"
 #include "VLANKit/PlannedChange.h"
 
+#include "VLANKit/Plan.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -80,8 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
         LineRow{"SetServiceIP",
                 PC::SetServiceIP{u"ID"_s, u"Ethernet"_s, IPConfig::dhcp(),
                                  IPConfig{IPMode::linkLocal, {}, {}, {}, {}}},
-                u"IP      Ethernet  DHCP \u2192 link-local"_s,
-                u"Set Ethernet to link-local."_s},
+                u"IP      Ethernet  DHCP \u2192 link-local"_s, u"Set Ethernet to link-local."_s},
         LineRow{"SetServiceEnabledOn", PC::SetServiceEnabled{u"ID"_s, u"Wi-Fi"_s, true},
                 u"ENABLE  Wi-Fi"_s, u"Turned Wi-Fi on."_s},
         LineRow{"SetServiceEnabledOff", PC::SetServiceEnabled{u"ID"_s, u"Wi-Fi"_s, false},
@@ -94,20 +93,20 @@ INSTANTIATE_TEST_SUITE_P(
                 PC::SetIPv6{u"ID"_s, u"Control"_s, IPv6Mode::unknown, IPv6Mode::off},
                 u"IPV6    Control  \u2014 \u2192 Off"_s, u"Set IPv6 on Control to Off."_s},
         LineRow{"SetDNSServersAndDomains",
-                PC::SetDNS{u"ID"_s, u"Control"_s, {u"10.0.0.1"_s, u"10.0.0.2"_s},
+                PC::SetDNS{u"ID"_s,
+                           u"Control"_s,
+                           {u"10.0.0.1"_s, u"10.0.0.2"_s},
                            {u"show.example"_s, u"venue.example"_s}},
                 u"DNS     Control  10.0.0.1, 10.0.0.2  search show.example, venue.example"_s,
                 u"Set the DNS settings on Control."_s},
         LineRow{"SetDNSServersOnly", PC::SetDNS{u"ID"_s, u"Control"_s, {u"10.0.0.1"_s}, {}},
                 u"DNS     Control  10.0.0.1"_s, u"Set the DNS settings on Control."_s},
-        LineRow{"SetDNSDomainsOnly",
-                PC::SetDNS{u"ID"_s, u"Control"_s, {}, {u"show.example"_s}},
+        LineRow{"SetDNSDomainsOnly", PC::SetDNS{u"ID"_s, u"Control"_s, {}, {u"show.example"_s}},
                 u"DNS     Control  no servers  search show.example"_s,
                 u"Set the DNS settings on Control."_s},
         LineRow{"SetDNSCleared", PC::SetDNS{u"ID"_s, u"Control"_s, {}, {}},
                 u"DNS     Control  no servers"_s, u"Cleared the DNS settings on Control."_s},
-        LineRow{"RenameAdapter",
-                PC::RenameAdapter{u"en7"_s, u"USB 10/100/1000 LAN"_s, u"DONGLE"_s},
+        LineRow{"RenameAdapter", PC::RenameAdapter{u"en7"_s, u"USB 10/100/1000 LAN"_s, u"DONGLE"_s},
                 u"NAME    en7  \"USB 10/100/1000 LAN\" \u2192 \"DONGLE\""_s,
                 u"Named en7 \u201CDONGLE\u201D."_s},
         LineRow{"AddAdapterService", PC::AddAdapterService{u"en8"_s, u"USB LAN"_s},
@@ -141,8 +140,10 @@ TEST(PlannedChange, EnableAndDisableTakeTheSameColumns)
 
 TEST(PlannedChange, EightLetterVerbsRunOneColumnWider)
 {
-    const QString reparent = PlannedChange(PC::Reparent{controlVLAN(), u"en7"_s, u"en8"_s}).summary();
-    const QString create = PlannedChange(PC::CreateVLAN{1010, u"X"_s, IPConfig::dhcp(), true}).summary();
+    const QString reparent =
+        PlannedChange(PC::Reparent{controlVLAN(), u"en7"_s, u"en8"_s}).summary();
+    const QString create =
+        PlannedChange(PC::CreateVLAN{1010, u"X"_s, IPConfig::dhcp(), true}).summary();
     EXPECT_EQ(create.indexOf(u"1010"_s), 8);
     EXPECT_EQ(reparent.indexOf(u"1010"_s), 9);
 }

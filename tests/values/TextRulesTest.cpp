@@ -32,8 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
         IntegerCase{"PlusSeven", u"+7"_s, 7}, IntegerCase{"MinusZero", u"-0"_s, 0},
         IntegerCase{"LeadingZeros", u"007"_s, 7}, IntegerCase{"Negative", u"-12"_s, -12},
         IntegerCase{"LoneSign", u"+"_s, std::nullopt},
-        IntegerCase{"LoneMinus", u"-"_s, std::nullopt},
-        IntegerCase{"Empty", u""_s, std::nullopt},
+        IntegerCase{"LoneMinus", u"-"_s, std::nullopt}, IntegerCase{"Empty", u""_s, std::nullopt},
         IntegerCase{"LeadingBlank", u" 5"_s, std::nullopt},
         IntegerCase{"TrailingLineEnd", u"5\n"_s, std::nullopt},
         IntegerCase{"ArabicIndicDigit", u"\u0665"_s, std::nullopt},
@@ -61,20 +60,19 @@ TEST_P(DottedQuad, MatchesExpected)
     EXPECT_EQ(isDottedQuad(GetParam().text), GetParam().valid);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, DottedQuad,
-    ::testing::Values(QuadCase{"Plain", u"192.168.10.5"_s, true},
-                      QuadCase{"SignsAndZeros", u"+1.-0.010.255"_s, true},
-                      QuadCase{"ThreePieces", u"1.2.3"_s, false},
-                      QuadCase{"FivePieces", u"1.2.3.4.5"_s, false},
-                      QuadCase{"EmptyPiece", u"1..2.3"_s, false},
-                      QuadCase{"TrailingDot", u"1.2.3.4."_s, false},
-                      QuadCase{"FourCharacters", u"0001.2.3.4"_s, false},
-                      QuadCase{"Above255", u"256.1.1.1"_s, false},
-                      QuadCase{"Negative", u"-1.1.1.1"_s, false},
-                      QuadCase{"Blank", u"1.2.3. 4"_s, false},
-                      QuadCase{"Letters", u"a.b.c.d"_s, false}),
-    [](const auto &row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Rows, DottedQuad,
+                         ::testing::Values(QuadCase{"Plain", u"192.168.10.5"_s, true},
+                                           QuadCase{"SignsAndZeros", u"+1.-0.010.255"_s, true},
+                                           QuadCase{"ThreePieces", u"1.2.3"_s, false},
+                                           QuadCase{"FivePieces", u"1.2.3.4.5"_s, false},
+                                           QuadCase{"EmptyPiece", u"1..2.3"_s, false},
+                                           QuadCase{"TrailingDot", u"1.2.3.4."_s, false},
+                                           QuadCase{"FourCharacters", u"0001.2.3.4"_s, false},
+                                           QuadCase{"Above255", u"256.1.1.1"_s, false},
+                                           QuadCase{"Negative", u"-1.1.1.1"_s, false},
+                                           QuadCase{"Blank", u"1.2.3. 4"_s, false},
+                                           QuadCase{"Letters", u"a.b.c.d"_s, false}),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST(TrimSpacesAndTabs, TrimsSpaceSeparatorsAndTabsButNotLineEnds)
 {
@@ -111,7 +109,7 @@ TEST(SplitDroppingEmpty, DropsEmptyPieces)
 TEST(CharacterCount, CountsGraphemeClusters)
 {
     EXPECT_EQ(characterCount(u"e\u0301"_s), 1);
-    EXPECT_EQ(characterCount(u"\U0001D7E0"_s), 1); // 𝟠, two UTF-16 units
+    EXPECT_EQ(characterCount(u"\U0001D7E0"_s), 1);           // 𝟠, two UTF-16 units
     EXPECT_EQ(characterCount(u"\U0001F1E9\U0001F1EA"_s), 1); // a flag
     EXPECT_EQ(characterCount(u""_s), 0);
     EXPECT_EQ(characterCount(u"abc"_s), 3);
@@ -127,9 +125,9 @@ TEST(FirstCharacters, TakesWholeClusters)
 TEST(IsUnicodeNumber, CountsEveryNumericType)
 {
     EXPECT_TRUE(isUnicodeNumber(u"5"_s));
-    EXPECT_TRUE(isUnicodeNumber(u"\u4E94"_s)); // 五
-    EXPECT_TRUE(isUnicodeNumber(u"\u0663"_s)); // ٣
-    EXPECT_TRUE(isUnicodeNumber(u"\u216B"_s)); // Ⅻ
+    EXPECT_TRUE(isUnicodeNumber(u"\u4E94"_s));     // 五
+    EXPECT_TRUE(isUnicodeNumber(u"\u0663"_s));     // ٣
+    EXPECT_TRUE(isUnicodeNumber(u"\u216B"_s));     // Ⅻ
     EXPECT_TRUE(isUnicodeNumber(u"\U0001D7E0"_s)); // 𝟠
     EXPECT_FALSE(isUnicodeNumber(u"a"_s));
     EXPECT_FALSE(isUnicodeNumber(u""_s));

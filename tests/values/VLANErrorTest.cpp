@@ -46,9 +46,9 @@ TEST(VLANError, NamesWithAnEmDashAreShownUnchanged)
               u"No interface named '\u2014' is attached to this Mac."_s);
     EXPECT_EQ(VLANError::locationNotFound(u"\u2014"_s, {u"\u2014"_s}).errorDescription(),
               u"No network Location named '\u2014'. Known Locations: \u2014."_s);
-    EXPECT_EQ(VLANError::operationFailed(u"\u2014 has no service in this Location."_s)
-                  .errorDescription(),
-              u"\u2014 has no service in this Location."_s);
+    EXPECT_EQ(
+        VLANError::operationFailed(u"\u2014 has no service in this Location."_s).errorDescription(),
+        u"\u2014 has no service in this Location."_s);
 }
 
 TEST(VLANError, NamesWithPercentSignsAreNotTreatedAsPlaceholders)
@@ -67,10 +67,12 @@ TEST(VLANError, TagOutOfRangeUsesAnEnDash)
 TEST(VLANError, CommitAndApplyCarryTheSystemTextWithoutAFullStopOfTheirOwn)
 {
     const QString text = u"Write attempted on stale version of object (3005)"_s;
-    EXPECT_EQ(VLANError::commitFailed(text).errorDescription(),
-              u"Committing the configuration failed: Write attempted on stale version of object (3005)"_s);
-    EXPECT_EQ(VLANError::applyFailed(text).errorDescription(),
-              u"Applying the configuration failed: Write attempted on stale version of object (3005)"_s);
+    EXPECT_EQ(
+        VLANError::commitFailed(text).errorDescription(),
+        u"Committing the configuration failed: Write attempted on stale version of object (3005)"_s);
+    EXPECT_EQ(
+        VLANError::applyFailed(text).errorDescription(),
+        u"Applying the configuration failed: Write attempted on stale version of object (3005)"_s);
 }
 
 TEST(VLANError, OperationFailedIsTheSentenceAlone)

@@ -1,0 +1,6 @@
+#include "OrvaneApp/OrvaneMain.h"
+
+int main(int argc, char **argv)
+{
+    return OrvaneMain::main(argc, argv);
+}
