@@ -16,7 +16,8 @@ public:
 /// set, a service, a protocol, an interface, an authorization or a dynamic-store session. A
 /// default-made handle is the platform's "nothing". Copies share the object; the object goes
 /// when the last copy does, as a released framework reference would.
-template <typename Tag> class PlatformHandle
+template <typename Tag>
+class PlatformHandle
 {
 public:
     PlatformHandle() = default;
@@ -28,7 +29,8 @@ public:
     explicit operator bool() const { return m_object != nullptr; }
 
     /// The backend's own object, or null for nothing or for an object of another backend.
-    template <typename Object> [[nodiscard]] const Object *as() const
+    template <typename Object>
+    [[nodiscard]] const Object *as() const
     {
         return dynamic_cast<const Object *>(m_object.get());
     }
