@@ -105,11 +105,10 @@ INSTANTIATE_TEST_SUITE_P(
             "TagBeyondSixtyFourBits",
             projectWith(R"({"tag":1e20,"name":"A","enabled":true,"ip":{"mode":"DHCP","dns":[]}})"),
             tagNotWhole},
-        BadCase{
-            "TagOneBeyondTheLargest",
-            projectWith(
-                R"({"tag":9223372036854775808,"name":"A","enabled":true,"ip":{"mode":"DHCP","dns":[]}})"),
-            tagNotWhole},
+        BadCase{"TagOneBeyondTheLargest",
+                projectWith(R"({"tag":9223372036854775808,"name":"A","enabled":true,)"
+                            R"("ip":{"mode":"DHCP","dns":[]}})"),
+                tagNotWhole},
         BadCase{"ModeStatic", projectWith(entry(R"("x":1)", R"({"mode":"Static","dns":[]})")),
                 cantRead(u"\u201Cmode\u201D in entry 1 is \u201CStatic\u201D, not one of "
                          "\u201CDHCP\u201D, \u201CManual\u201D, \u201CLinkLocal\u201D, "

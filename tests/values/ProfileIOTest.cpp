@@ -181,9 +181,9 @@ TEST(ProfileIO, EmptyAssignmentsReadBackEmptyNotAbsent)
 TEST(ProfileIO, EntryWithEmptyDnsReads)
 {
     TemporaryFolder folder;
-    const Profile profile = readBytes(
-        folder,
-        R"({"name":"Show","entries":[{"tag":1010,"name":"A","enabled":true,"ip":{"mode":"DHCP","dns":[]}}]})");
+    const Profile profile =
+        readBytes(folder, R"({"name":"Show","entries":[{"tag":1010,"name":"A","enabled":true,)"
+                          R"("ip":{"mode":"DHCP","dns":[]}}]})");
     ASSERT_EQ(profile.entries.size(), 1);
     EXPECT_TRUE(profile.entries.first().ip.dns.isEmpty());
 }
@@ -191,9 +191,9 @@ TEST(ProfileIO, EntryWithEmptyDnsReads)
 TEST(ProfileIO, ModeUnknownReads)
 {
     TemporaryFolder folder;
-    const Profile profile = readBytes(
-        folder,
-        R"({"name":"Show","entries":[{"tag":1010,"name":"A","enabled":true,"ip":{"mode":"Unknown","dns":[]}}]})");
+    const Profile profile =
+        readBytes(folder, R"({"name":"Show","entries":[{"tag":1010,"name":"A","enabled":true,)"
+                          R"("ip":{"mode":"Unknown","dns":[]}}]})");
     ASSERT_EQ(profile.entries.size(), 1);
     EXPECT_EQ(profile.entries.first().ip.mode, IPMode::unknown);
 }
@@ -203,7 +203,9 @@ TEST(ProfileIO, ExtraKeysAreDroppedAndGoneAfterWritingAgain)
     TemporaryFolder folder;
     const QString path = folder.write(
         u"show.json"_s,
-        R"({"name":"Show","version":3,"entries":[{"tag":1010,"name":"A","enabled":true,"colour":"red","ip":{"mode":"DHCP","dns":[],"mtu":9000}}],"assignments":[{"host":"5","machine":"FOH","since":"2026"}]})");
+        R"({"name":"Show","version":3,"entries":[{"tag":1010,"name":"A","enabled":true,)"
+        R"("colour":"red","ip":{"mode":"DHCP","dns":[],"mtu":9000}}],)"
+        R"("assignments":[{"host":"5","machine":"FOH","since":"2026"}]})");
     const Profile profile = ProfileIO::read(path);
     ProfileIO::write(profile, path);
     const QByteArray rewritten = contents(path);
@@ -216,8 +218,10 @@ TEST(ProfileIO, NullInAnOptionalKeyReadsAsAbsent)
 {
     TemporaryFolder folder;
     const Profile profile = readBytes(
-        folder,
-        R"({"name":"Show","note":null,"capturedFrom":null,"hostOctet":null,"addressPrefix":null,"assignments":null,"entries":[{"tag":1,"name":"A","enabled":false,"ip":{"mode":"Manual","address":null,"subnetMask":null,"router":null,"dns":[]}}]})");
+        folder, R"({"name":"Show","note":null,"capturedFrom":null,"hostOctet":null,)"
+                R"("addressPrefix":null,"assignments":null,"entries":[{"tag":1,"name":"A",)"
+                R"("enabled":false,"ip":{"mode":"Manual","address":null,"subnetMask":null,)"
+                R"("router":null,"dns":[]}}]})");
     EXPECT_EQ(profile.note, std::nullopt);
     EXPECT_EQ(profile.capturedFrom, std::nullopt);
     EXPECT_EQ(profile.hostOctet, std::nullopt);
@@ -232,8 +236,10 @@ TEST(ProfileIO, NothingIsTrimmedOrCheckedOnReading)
 {
     TemporaryFolder folder;
     const Profile profile = readBytes(
-        folder,
-        R"({"name":" Show\t","hostOctet":" 69 ","entries":[{"tag":99999,"name":"","enabled":true,"ip":{"mode":"Manual","address":"not an address","dns":[" 1.1.1.1"]}},{"tag":-5,"name":"B","enabled":false,"ip":{"mode":"Off","dns":[]}}]})");
+        folder, R"({"name":" Show\t","hostOctet":" 69 ","entries":[{"tag":99999,"name":"",)"
+                R"("enabled":true,"ip":{"mode":"Manual","address":"not an address",)"
+                R"("dns":[" 1.1.1.1"]}},{"tag":-5,"name":"B","enabled":false,"ip":{"mode":"Off",)"
+                R"("dns":[]}}]})");
     EXPECT_EQ(profile.name, u" Show\t"_s);
     EXPECT_EQ(profile.hostOctet, u" 69 "_s);
     ASSERT_EQ(profile.entries.size(), 2);
@@ -247,9 +253,9 @@ TEST(ProfileIO, NothingIsTrimmedOrCheckedOnReading)
 TEST(ProfileIO, WholeRealTagReadsAsItsInteger)
 {
     TemporaryFolder folder;
-    const Profile profile = readBytes(
-        folder,
-        R"({"name":"Show","entries":[{"tag":1010.0,"name":"A","enabled":true,"ip":{"mode":"DHCP","dns":[]}}]})");
+    const Profile profile =
+        readBytes(folder, R"({"name":"Show","entries":[{"tag":1010.0,"name":"A","enabled":true,)"
+                          R"("ip":{"mode":"DHCP","dns":[]}}]})");
     ASSERT_EQ(profile.entries.size(), 1);
     EXPECT_EQ(profile.entries.first().tag, 1010);
 }
@@ -258,8 +264,8 @@ TEST(ProfileIO, LargestIntegerTagKeepsAllItsDigits)
 {
     TemporaryFolder folder;
     const Profile profile = readBytes(
-        folder,
-        R"({"name":"Show","entries":[{"tag":9223372036854775807,"name":"A","enabled":true,"ip":{"mode":"DHCP","dns":[]}}]})");
+        folder, R"({"name":"Show","entries":[{"tag":9223372036854775807,"name":"A","enabled":true,)"
+                R"("ip":{"mode":"DHCP","dns":[]}}]})");
     ASSERT_EQ(profile.entries.size(), 1);
     EXPECT_EQ(profile.entries.first().tag, std::numeric_limits<qint64>::max());
 }
@@ -269,7 +275,9 @@ TEST(ProfileIO, LegacyFileWithOnlyHostOctetReadsWithoutClaims)
     TemporaryFolder folder;
     const QString path = folder.write(
         u"old.json"_s,
-        R"({"name":"Old","hostOctet":"42","entries":[{"tag":1010,"name":"A","enabled":true,"ip":{"mode":"Manual","address":"10.0.10.42","subnetMask":"255.255.255.0","dns":[]}}]})");
+        R"({"name":"Old","hostOctet":"42","entries":[{"tag":1010,"name":"A","enabled":true,)"
+        R"("ip":{"mode":"Manual","address":"10.0.10.42","subnetMask":"255.255.255.0",)"
+        R"("dns":[]}}]})");
     const Profile profile = ProfileIO::read(path);
     EXPECT_EQ(profile.hostOctet, u"42"_s);
     EXPECT_EQ(profile.assignments, std::nullopt);
@@ -282,8 +290,8 @@ TEST(ProfileIO, LegacyClaimsWithoutMachineIDReadAndStayWithout)
 {
     TemporaryFolder folder;
     const QString path = folder.write(
-        u"old.json"_s,
-        R"({"name":"Old","assignments":[{"host":"69","machine":"FOH"},{"host":"70","machine":"Lighting"}],"entries":[]})");
+        u"old.json"_s, R"({"name":"Old","assignments":[{"host":"69","machine":"FOH"},{"host":"70",)"
+                       R"("machine":"Lighting"}],"entries":[]})");
     const Profile profile = ProfileIO::read(path);
     EXPECT_EQ(profile.assignments, (QList<HostAssignment>{{u"69"_s, u"FOH"_s, std::nullopt},
                                                           {u"70"_s, u"Lighting"_s, std::nullopt}}));
