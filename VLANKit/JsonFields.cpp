@@ -67,7 +67,7 @@ void JsonFields::failMistyped(const QString &key, Kind kind) const
 
 QJsonValue JsonFields::requiredValue(const QString &key, Kind kind) const
 {
-    const QJsonValue value = m_object.value(key);
+    QJsonValue value = m_object.value(key);
     if (value.isUndefined() || value.isNull())
         fail(FileProblem::missing(m_place, key, kind));
     return value;
@@ -94,7 +94,7 @@ std::optional<QString> JsonFields::optionalString(const QString &key) const
     const auto value = presentValue(key);
     if (!value)
         return std::nullopt;
-    const auto text = jsonString(*value);
+    auto text = jsonString(*value);
     if (!text)
         failMistyped(key, Kind::text);
     return text;

@@ -78,7 +78,7 @@ void writeNumber(QByteArray &out, const QJsonValue &value)
 void indent(QByteArray &out, int depth)
 {
     out += '\n';
-    out += QByteArray(2 * depth, ' ');
+    out += QByteArray(qsizetype(2) * depth, ' ');
 }
 
 void writeValue(QByteArray &out, const QJsonValue &value, int depth);
@@ -91,7 +91,7 @@ void writeArray(QByteArray &out, const QJsonArray &array, int depth)
     }
     out += '[';
     bool first = true;
-    for (const QJsonValue &element : array) {
+    for (const QJsonValue element : array) {
         if (!first)
             out += ',';
         first = false;

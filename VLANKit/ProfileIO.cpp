@@ -20,7 +20,7 @@ namespace {
 
 /// A project is a few kilobytes; a file far beyond this is something else, and reading it
 /// whole would only exhaust the memory.
-constexpr qint64 largestFile = 64 * 1024 * 1024;
+constexpr qint64 largestFile = qint64(64) * 1024 * 1024;
 
 const QString projectWords = u"project"_s;
 
@@ -207,7 +207,7 @@ Profile read(const QString &path)
     // be no plain file, and may never end.
     QByteArray bytes;
     while (bytes.size() <= largestFile) {
-        const QByteArray piece = file.read(1024 * 1024);
+        const QByteArray piece = file.read(qint64(1024) * 1024);
         if (file.error() != QFileDevice::NoError)
             failReading(path, FileProblem::wontOpen());
         if (piece.isEmpty())

@@ -22,7 +22,7 @@ Candidate adapter(const QString &id, const QString &device, bool guess = false)
     return Candidate{id, std::nullopt, device, guess};
 }
 
-Mark markOf(const QString &id, std::optional<qint64> tag, std::optional<QString> device,
+Mark markOf(const QString &id, std::optional<qint64> tag, const std::optional<QString> &device,
             bool internet)
 {
     return Mark{id, tag, device, internet};

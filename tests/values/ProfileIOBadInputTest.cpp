@@ -212,7 +212,7 @@ TEST(ProfileIOBadInput, FiveThousandEntriesWithTheLastOneBrokenGiveOneSentence)
 
 TEST(ProfileIOBadInput, OneMegabyteNameInABrokenFileGivesOnlyTheSentence)
 {
-    const QByteArray name(1024 * 1024, 'x');
+    const QByteArray name(qsizetype(1024) * 1024, 'x');
     const QByteArray bytes = R"({"name":")" + name + R"(","entries":[)"
                              + entry(R"("x":1)", R"({"mode":"Static","dns":[]})") + "]}";
     const QString sentence = readingBytes(bytes);

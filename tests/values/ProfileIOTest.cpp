@@ -348,7 +348,7 @@ TEST(ProfileIO, OneMegabyteNameReadsWhole)
 {
     TemporaryFolder folder;
     Profile profile = minimalProfile();
-    profile.name = QString(1024 * 1024, u'\u00E9');
+    profile.name = QString(qsizetype(1024) * 1024, u'\u00E9');
     const QString path = folder.filePath(u"long.json"_s);
     ProfileIO::write(profile, path);
     EXPECT_EQ(ProfileIO::read(path), profile);
@@ -418,7 +418,7 @@ TEST(ProfileIO, WriteThatFailsHalfWayLeavesTheOldFileByteForByte)
     Profile large = fullProfile();
     for (int i = 0; i < 2000; ++i)
         large.entries.append(ProfileEntry{i, u"VLAN %1"_s.arg(i), IPConfig::dhcp(), true});
-    const rlim_t limit = 64 * 1024;
+    const rlim_t limit = rlim_t(64) * 1024;
     ASSERT_GT(ProfileIO::encoded(large).size(), qsizetype(limit));
     ASSERT_LT(before.size(), qsizetype(limit));
 
@@ -434,7 +434,7 @@ TEST(ProfileIO, WriteUnderTheSameLimitSucceedsWhenTheProfileFits)
     // The check of the test above: the limit itself doesn't stop a small write.
     TemporaryFolder folder;
     const QString path = folder.filePath(u"show.json"_s);
-    EXPECT_EQ(writeUnderSizeLimit(minimalProfile(), path, 64 * 1024), 1);
+    EXPECT_EQ(writeUnderSizeLimit(minimalProfile(), path, rlim_t(64) * 1024), 1);
     EXPECT_EQ(contents(path), golden(u"profile-minimal.json"_s));
 }
 
