@@ -82,6 +82,11 @@ void Defaults::setMapList(const QString &key, const QList<QVariantMap> &maps)
     m_backend->setValue(key, QVariant(list));
 }
 
+void Defaults::setValue(const QString &key, const QVariant &value)
+{
+    m_backend->setValue(key, value);
+}
+
 void Defaults::remove(const QString &key)
 {
     m_backend->remove(key);

@@ -51,6 +51,8 @@ public:
     void setString(const QString &key, const QString &string);
     void setStringList(const QString &key, const QStringList &strings);
     void setMapList(const QString &key, const QList<QVariantMap> &maps);
+    /// Stores a value as it is, of whatever type `value()` gave: for moving a key whole.
+    void setValue(const QString &key, const QVariant &value);
     void remove(const QString &key);
 
 private:
