@@ -23,8 +23,7 @@ QString rawValue(IPMode mode)
 
 std::optional<IPMode> ipModeFromRaw(const QString &raw)
 {
-    for (IPMode mode :
-         {IPMode::dhcp, IPMode::manual, IPMode::linkLocal, IPMode::off, IPMode::unknown}) {
+    for (IPMode mode : allIPModes) {
         if (rawValue(mode) == raw)
             return mode;
     }

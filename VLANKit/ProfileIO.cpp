@@ -82,8 +82,7 @@ QJsonObject profileJson(const Profile &profile)
 QStringList modeWords()
 {
     QStringList words;
-    for (IPMode mode :
-         {IPMode::dhcp, IPMode::manual, IPMode::linkLocal, IPMode::off, IPMode::unknown})
+    for (IPMode mode : allIPModes)
         words.append(rawValue(mode));
     return words;
 }
