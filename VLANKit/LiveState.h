@@ -8,6 +8,8 @@
 
 namespace VLANKit {
 
+class PlatformBackend;
+
 /// One snapshot of the IPv4 state that the system publishes for its active services: what
 /// each holds at this moment, as DHCP or the configuration gave it.
 struct LiveState
@@ -28,6 +30,10 @@ struct LiveState
     /// The snapshot in the dynamic store's answer, from each key
     /// "State:/Network/Service/<id>/IPv4" to its value. An entry that can't be read is skipped.
     [[nodiscard]] static LiveState parsing(const QVariantMap &answer);
+
+    /// A fresh snapshot from the platform's dynamic store; empty when there is none. Never
+    /// fails, and keeps no session between reads.
+    [[nodiscard]] static LiveState read(PlatformBackend &platform);
 
     friend bool operator==(const LiveState &, const LiveState &) = default;
 };

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "VLANKit/AdapterRecord.h"
+#include "VLANKit/HardwareCapabilities.h"
+#include "VLANKit/HardwareSettings.h"
+#include "VLANKit/IPConfig.h"
+#include "VLANKit/IPv6Mode.h"
+#include "VLANKit/ServiceRecord.h"
+#include "VLANKit/VLANRecord.h"
+#include "VLANKit/platform/PlatformHandle.h"
+#include "VLANKit/store/ServiceDetails.h"
+
+#include <QHash>
+#include <QList>
+#include <QMap>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+#include <QVariantMap>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace VLANKit {
+
+class NetworkAuthorization;
+class PlatformBackend;
+
+/// One session on the system's network preferences: a private snapshot that every read looks
+/// at and every change is staged in, until `commit`. Opened for one read cycle or one
+/// transaction, then dropped; dropping it unsaved throws the staged changes away.
+class VLANStore
+{
+public:
+    using InterfaceList = std::function<QList<InterfaceRef>()>;
+    using InterfaceTest = std::function<bool(const InterfaceRef &)>;
+    using DriverQuestion = std::function<std::optional<HardwareCapabilities>(const InterfaceRef &)>;
+
+    /// A read-only store. Throws `prefsUnavailable`.
+    explicit VLANStore(std::shared_ptr<PlatformBackend> platform);
+    /// A writable store on an acquired right. Throws `prefsUnavailable`.
+    VLANStore(std::shared_ptr<PlatformBackend> platform, const NetworkAuthorization &authorization);
+    ~VLANStore();
+    VLANStore(const VLANStore &) = delete;
+    VLANStore &operator=(const VLANStore &) = delete;
+
+    [[nodiscard]] bool isWritable() const { return m_isWritable; }
+    /// The Location under view; absent means the system's current set.
+    [[nodiscard]] const std::optional<QString> &selectedSetID() const { return m_selectedSetID; }
+    void setSelectedSetID(std::optional<QString> setID) { m_selectedSetID = std::move(setID); }
+
+    /// The store's view of the machine's hardware; each may be replaced from outside.
+    InterfaceList vlanCapableInterfaces;
+    InterfaceList attachedInterfaces;
+    DriverQuestion driverCapabilities;
+    /// Can this interface carry a service? A probe that stages and removes a service.
+    [[nodiscard]] bool canHostService(const InterfaceRef &interface);
+    void setCanHostService(InterfaceTest test) { m_canHostService = std::move(test); }
+
+    /// Adapter labels taken out of use in this session.
+    QSet<QString> retiredLabels;
+
+    /// The Location the store works on: the selected one, else the current set.
+    [[nodiscard]] SetRef targetSet() const;
+    /// Stores the staged changes, then has the running system follow them.
+    void commit();
+    /// Writes the first VLAN's display name back unchanged and commits: proof that an
+    /// authorized session works end to end. Gives the name written.
+    QString selfTestWrite();
+
+    // Reading the configuration.
+    [[nodiscard]] QHash<QString, ServiceDetails> serviceIndex() const;
+    [[nodiscard]] QList<VLANRecord> vlans() const;
+    [[nodiscard]] QList<ServiceRef> orderedServices(const SetRef &set) const;
+    [[nodiscard]] QList<ServiceRecord> services() const;
+    [[nodiscard]] QHash<QString, QString> serviceNameIndex() const;
+    [[nodiscard]] QList<AdapterRecord> availableAdapters() const;
+    [[nodiscard]] QList<AdapterRecord> adaptersWithoutService();
+    [[nodiscard]] QStringList orphanedParents() const;
+    [[nodiscard]] InterfaceRef findVLAN(qint64 tag, const QString &bsdName) const;
+    [[nodiscard]] ServiceRef findService(const QString &vlanBSD) const;
+    /// Throws `noCurrentSet`, or `operationFailed` naming the service.
+    [[nodiscard]] ServiceRef requireService(const QString &serviceID, const QString &name) const;
+    /// Throws `adapterNotFound` or `adapterCannotHostVLAN`.
+    [[nodiscard]] InterfaceRef requireAdapter(const QString &bsdName) const;
+    [[nodiscard]] IPConfig readIP(const ServiceRef &service) const;
+    [[nodiscard]] IPv6Mode readIPv6(const ServiceRef &service) const;
+    [[nodiscard]] QStringList readSearchDomains(const ServiceRef &service) const;
+    [[nodiscard]] HardwareSettings readHardware(const ServiceRef &service) const;
+    [[nodiscard]] static HardwareSettings hardwareSettings(const QVariantMap &configuration);
+    [[nodiscard]] bool hasSettableHardware(const InterfaceRef &interface) const;
+    [[nodiscard]] bool isVLAN(const InterfaceRef &interface) const;
+    [[nodiscard]] static QStringList stringArray(const std::optional<QVariantList> &list);
+
+    // Hardware the driver offers.
+    [[nodiscard]] std::optional<HardwareCapabilities>
+    askDriver(const InterfaceRef &interface) const;
+
+    /// The backend this store speaks to.
+    [[nodiscard]] PlatformBackend &platform() const { return *m_platform; }
+    [[nodiscard]] const SessionRef &prefs() const { return m_prefs; }
+
+private:
+    void installDefaults();
+    [[nodiscard]] HardwareSettings readHardware(const InterfaceRef &interface) const;
+    [[nodiscard]] bool isLive(const QString &bsdName) const;
+    [[nodiscard]] QString displayNameOr(const InterfaceRef &interface,
+                                        const QString &fallback) const;
+    [[nodiscard]] QString bsdNameOrDash(const InterfaceRef &interface) const;
+
+    std::shared_ptr<PlatformBackend> m_platform;
+    SessionRef m_prefs;
+    bool m_isWritable = false;
+    std::optional<QString> m_selectedSetID;
+    InterfaceTest m_canHostService;
+};
+
+} // namespace VLANKit
