@@ -5,6 +5,9 @@
 #include "VLANKit/HardwareSettings.h"
 #include "VLANKit/IPConfig.h"
 #include "VLANKit/IPv6Mode.h"
+#include "VLANKit/InternetMarks.h"
+#include "VLANKit/Plan.h"
+#include "VLANKit/Profile.h"
 #include "VLANKit/ServiceRecord.h"
 #include "VLANKit/VLANRecord.h"
 #include "VLANKit/platform/PlatformHandle.h"
@@ -98,12 +101,82 @@ public:
     [[nodiscard]] std::optional<HardwareCapabilities>
     askDriver(const InterfaceRef &interface) const;
 
+    // VLAN and service operations: each stages one change in the snapshot.
+    /// Gives the kernel name of the new interface.
+    QString createVLAN(qint64 tag, const QString &name, const QString &adapterBSD,
+                       const IPConfig &ip, bool enabled);
+    void reparent(const VLANRecord &record, const QString &adapterBSD);
+    void setIP(const IPConfig &ip, qint64 tag, const QString &bsdName);
+    void setEnabled(bool enabled, qint64 tag, const QString &bsdName);
+    void removeVLAN(qint64 tag, const QString &bsdName);
+    void renameVLAN(qint64 tag, const QString &bsdName, const QString &name);
+    void addService(qint64 tag, const QString &bsdName);
+    void addService(const QString &adapterBSD);
+    void setIP(const IPConfig &ip, const QString &serviceID, const QString &name);
+    void setEnabled(bool enabled, const QString &serviceID, const QString &name);
+    void setIPv6(IPv6Mode mode, const QString &serviceID, const QString &name);
+    void setDNS(const QStringList &servers, const QStringList &searchDomains,
+                const QString &serviceID, const QString &name);
+    void removeService(const QString &serviceID, const QString &name);
+    /// Clears the services that deleted VLAN interfaces left behind, in every Location; gives
+    /// their kernel names, sorted.
+    QStringList pruneOrphanedVLANServices();
+
+    // Service order.
+    [[nodiscard]] QList<InternetMarks::Candidate> internetCandidates() const;
+    [[nodiscard]] QSet<QString> defaultInternetServiceIDs() const;
+    [[nodiscard]] QList<ServiceRecord>
+    recommendedOrder(const QSet<QString> &internetServiceIDs) const;
+    /// Absent when the order was already the recommended one.
+    std::optional<QList<ServiceRecord>>
+    applyRecommendedOrder(const QSet<QString> &internetServiceIDs);
+    void setServiceOrder(const QStringList &serviceIDs);
+    [[nodiscard]] QList<ServiceRecord>
+    vlansOutrankingInternet(const QSet<QString> &internetServiceIDs) const;
+    [[nodiscard]] QList<ServiceRecord>
+    servicesOutrankedByVLANs(const QSet<QString> &internetServiceIDs) const;
+
+    // Adapter labels.
+    [[nodiscard]] QString adapterLabel(const QString &bsdName) const;
+    [[nodiscard]] QSet<QString> knownAdapterLabels() const;
+    void renameAdapter(const QString &bsdName, const QString &name);
+    [[nodiscard]] Plan planSyncAdapterNames(const std::optional<QString> &adapterBSD) const;
+
+    // Planning and the transaction.
+    [[nodiscard]] Plan planApply(const Profile &profile, const QString &adapterBSD) const;
+    [[nodiscard]] Plan planDelete(QList<qint64> tags,
+                                  const std::optional<QString> &adapterBSD) const;
+    [[nodiscard]] Plan planReparentAll(const QString &adapterBSD) const;
+    [[nodiscard]] Profile capture(const QString &name) const;
+    /// Stages the whole plan, checks frame sizes, and commits: all of it, or nothing.
+    void execute(const Plan &plan);
+
+    // Hardware settings.
+    [[nodiscard]] std::optional<ClosedRange> frameRange(const QString &vlanBSD) const;
+    void setHardware(const HardwareSettings &settings, const QString &serviceID,
+                     const QString &name);
+
     /// The backend this store speaks to.
     [[nodiscard]] PlatformBackend &platform() const { return *m_platform; }
     [[nodiscard]] const SessionRef &prefs() const { return m_prefs; }
 
 private:
     void installDefaults();
+    ServiceRef makeService(const InterfaceRef &interface, const QString &name, const SetRef &set);
+    void removeServices(const QSet<QString> &bsdNames);
+    void applyIP(const IPConfig &ip, const ServiceRef &service);
+    bool writeDNS(const std::optional<QStringList> &servers,
+                  const std::optional<QStringList> &searchDomains, const ServiceRef &service);
+    void moveToEndOfOrder(const ServiceRef &service, const SetRef &set);
+    [[nodiscard]] QHash<QString, QSet<QString>> serviceNamesEverywhere() const;
+    void stage(const Plan &plan);
+    void stageChanges(const Plan &plan);
+    void stageChange(const PlannedChange &change, const QString &adapterBSD);
+    void syncAdapterNames(const QString &bsdName);
+    void checkFrameSizes(const QString &vlanBSD);
+    [[nodiscard]] QList<SetRef> allSets() const;
+    [[nodiscard]] QList<ServiceRef> servicesOf(const SetRef &set) const;
+    [[nodiscard]] std::optional<QString> interfaceBSDOf(const ServiceRef &service) const;
     [[nodiscard]] HardwareSettings readHardware(const InterfaceRef &interface) const;
     [[nodiscard]] bool isLive(const QString &bsdName) const;
     [[nodiscard]] QString displayNameOr(const InterfaceRef &interface,
