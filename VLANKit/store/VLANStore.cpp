@@ -1,5 +1,6 @@
 #include "VLANKit/store/VLANStore.h"
 
+#include "VLANKit/Platform.h"
 #include "VLANKit/TextRules.h"
 #include "VLANKit/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
@@ -23,8 +24,8 @@ QString lastFailure(PlatformBackend &platform)
 
 } // namespace
 
-VLANStore::VLANStore(std::shared_ptr<PlatformBackend> platform)
-    : m_platform(std::move(platform))
+VLANStore::VLANStore(const Platform &platform)
+    : m_platform(platform.sharedBackend())
 {
     installDefaults();
     m_prefs = m_platform->scPreferencesCreate(sessionName);
@@ -33,9 +34,8 @@ VLANStore::VLANStore(std::shared_ptr<PlatformBackend> platform)
     m_isWritable = false;
 }
 
-VLANStore::VLANStore(std::shared_ptr<PlatformBackend> platform,
-                     const NetworkAuthorization &authorization)
-    : m_platform(std::move(platform))
+VLANStore::VLANStore(const Platform &platform, const NetworkAuthorization &authorization)
+    : m_platform(platform.sharedBackend())
 {
     installDefaults();
     m_prefs = m_platform->scPreferencesCreateWithAuthorization(sessionName, authorization.ref());

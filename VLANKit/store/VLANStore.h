@@ -29,6 +29,7 @@
 namespace VLANKit {
 
 class NetworkAuthorization;
+class Platform;
 class PlatformBackend;
 
 /// One session on the system's network preferences: a private snapshot that every read looks
@@ -42,9 +43,9 @@ public:
     using DriverQuestion = std::function<std::optional<HardwareCapabilities>(const InterfaceRef &)>;
 
     /// A read-only store. Throws `prefsUnavailable`.
-    explicit VLANStore(std::shared_ptr<PlatformBackend> platform);
+    explicit VLANStore(const Platform &platform);
     /// A writable store on an acquired right. Throws `prefsUnavailable`.
-    VLANStore(std::shared_ptr<PlatformBackend> platform, const NetworkAuthorization &authorization);
+    VLANStore(const Platform &platform, const NetworkAuthorization &authorization);
     ~VLANStore();
     VLANStore(const VLANStore &) = delete;
     VLANStore &operator=(const VLANStore &) = delete;
