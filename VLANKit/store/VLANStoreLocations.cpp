@@ -1,0 +1,340 @@
+#include "VLANKit/TextRules.h"
+#include "VLANKit/VLANError.h"
+#include "VLANKit/platform/PlatformBackend.h"
+#include "VLANKit/platform/PlatformConstants.h"
+#include "VLANKit/store/PlatformLists.h"
+#include "VLANKit/store/VLANStore.h"
+
+using namespace Qt::StringLiterals;
+
+namespace VLANKit {
+
+namespace {
+
+QStringList namesOf(const QList<LocationRecord> &records)
+{
+    QStringList names;
+    names.reserve(records.size());
+    for (const LocationRecord &record : records)
+        names.append(record.name);
+    return names;
+}
+
+VLANError notFound(const QString &name, const QList<LocationRecord> &records)
+{
+    return VLANError::locationNotFound(name, namesOf(records));
+}
+
+// A name as a person gave it: the exact match first, a case-blind one as the fallback. Two
+// case-blind matches and no exact one can't be told apart, and the person has to say which.
+std::optional<LocationRecord> location(const QString &name, const QList<LocationRecord> &among)
+{
+    for (const LocationRecord &record : among) {
+        if (canonicallyEqual(record.name, name))
+            return record;
+    }
+    QList<LocationRecord> matches;
+    for (const LocationRecord &record : among) {
+        if (caseBlindEqual(record.name, name))
+            matches.append(record);
+    }
+    if (matches.size() > 1) {
+        QStringList candidates;
+        for (const LocationRecord &match : std::as_const(matches))
+            candidates.append(u'\'' + match.name + u'\'');
+        throw VLANError::operationFailed(u"'"_s + name + u"' could be "_s
+                                         + candidates.join(u" and "_s)
+                                         + u". Give the name exactly as it is written."_s);
+    }
+    if (matches.isEmpty())
+        return std::nullopt;
+    return matches.first();
+}
+
+bool nameTaken(const QString &name, const QList<LocationRecord> &records,
+               const std::optional<QString> &exceptSetID = std::nullopt)
+{
+    for (const LocationRecord &record : records) {
+        if (record.setID != exceptSetID && caseBlindEqual(record.name, name))
+            return true;
+    }
+    return false;
+}
+
+VLANError nameExists(const QString &name)
+{
+    return VLANError::operationFailed(u"A Location named '"_s + name + u"' already exists."_s);
+}
+
+// The trimmed name, refused when nothing is left of it.
+QString locationName(const QString &name)
+{
+    QString trimmed = trimWhitespaceAndNewlines(name);
+    if (trimmed.isEmpty())
+        throw VLANError::operationFailed(u"A Location needs a name."_s);
+    return trimmed;
+}
+
+// A new, empty set under a name that no Location bears in any case.
+SetRef makeLocation(const VLANStore &store, const QString &name)
+{
+    const QString trimmed = locationName(name);
+    if (nameTaken(trimmed, store.locations()))
+        throw nameExists(trimmed);
+    PlatformBackend &platform = store.platform();
+    const SetRef set = platform.scNetworkSetCreate(store.prefs());
+    if (!set)
+        throw VLANError::operationFailed(u"Could not create the Location."_s);
+    if (!platform.scNetworkSetSetName(set, trimmed))
+        throw VLANError::operationFailed(u"Could not name the Location '"_s + trimmed + u"'."_s);
+    return set;
+}
+
+QString newSetID(PlatformBackend &platform, const SetRef &set)
+{
+    const auto setID = platform.scNetworkSetGetSetID(set);
+    if (!setID)
+        throw VLANError::operationFailed(u"Created the Location but could not read its ID."_s);
+    return *setID;
+}
+
+std::optional<QString> bsdNameOf(PlatformBackend &platform, const InterfaceRef &interface)
+{
+    return interface ? platform.scNetworkInterfaceGetBSDName(interface) : std::nullopt;
+}
+
+QSet<QString> vlanNames(PlatformBackend &platform, const SessionRef &prefs)
+{
+    QSet<QString> names;
+    for (const InterfaceRef &vlan : listOf(platform.scVLANInterfaceCopyAll(prefs))) {
+        if (const auto bsdName = platform.scNetworkInterfaceGetBSDName(vlan))
+            names.insert(*bsdName);
+    }
+    return names;
+}
+
+// The set of a record, looked up by its identifier.
+SetRef setOf(PlatformBackend &platform, const SessionRef &prefs, const LocationRecord &record)
+{
+    const SetRef set = platform.scNetworkSetCopy(prefs, record.setID);
+    if (!set || platform.scNetworkSetGetSetID(set) != record.setID)
+        return {};
+    return set;
+}
+
+} // namespace
+
+QList<LocationRecord> VLANStore::locations() const
+{
+    const SetRef current = m_platform->scNetworkSetCopyCurrent(m_prefs);
+    const auto currentID = current ? m_platform->scNetworkSetGetSetID(current) : std::nullopt;
+    const QSet<QString> vlanBSDNames = vlanNames(*m_platform, m_prefs);
+    QList<LocationRecord> records;
+    for (const SetRef &set : listOf(m_platform->scNetworkSetCopyAll(m_prefs))) {
+        LocationRecord record;
+        const auto setID = m_platform->scNetworkSetGetSetID(set);
+        record.name = m_platform->scNetworkSetGetName(set).value_or(notReported());
+        record.setID = setID.value_or(notReported());
+        record.isCurrent = currentID && setID == currentID;
+        const QList<ServiceRef> services = listOf(m_platform->scNetworkSetCopyServices(set));
+        record.serviceCount = services.size();
+        for (const ServiceRef &service : services) {
+            const auto bsdName =
+                bsdNameOf(*m_platform, m_platform->scNetworkServiceGetInterface(service));
+            if (bsdName && vlanBSDNames.contains(*bsdName))
+                ++record.vlanServiceCount;
+        }
+        records.append(std::move(record));
+    }
+    sortStably(records, [](const LocationRecord &a, const LocationRecord &b) {
+        return canonicallyLess(a.name, b.name);
+    });
+    return records;
+}
+
+std::optional<LocationRecord> VLANStore::activeLocation() const
+{
+    const SetRef set = targetSet();
+    const auto setID = set ? m_platform->scNetworkSetGetSetID(set) : std::nullopt;
+    if (!setID)
+        return std::nullopt;
+    for (const LocationRecord &record : locations()) {
+        if (record.setID == *setID)
+            return record;
+    }
+    return std::nullopt;
+}
+
+void VLANStore::selectLocation(const QString &name)
+{
+    const QList<LocationRecord> records = locations();
+    const auto record = location(name, records);
+    if (!record)
+        throw notFound(name, records);
+    m_selectedSetID = record->setID;
+}
+
+QString VLANStore::createLocation(const QString &name, bool populate)
+{
+    const SetRef set = makeLocation(*this, name);
+    if (populate) {
+        const QHash<QString, QString> knownNames = serviceNameIndex();
+        QSet<QString> seen;
+        for (const InterfaceRef &interface : attachedInterfaces()) {
+            if (m_platform->scNetworkInterfaceGetInterfaceType(interface)
+                == kSCNetworkInterfaceTypeVLAN)
+                continue;
+            const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
+            if (bsdName) {
+                if (seen.contains(*bsdName))
+                    continue;
+                seen.insert(*bsdName);
+            }
+            const ServiceRef service = m_platform->scNetworkServiceCreate(m_prefs, interface);
+            if (!service || !m_platform->scNetworkServiceEstablishDefaultConfiguration(service))
+                continue;
+            // The adapter keeps the name it bears in the other Locations.
+            const auto known = bsdName ? knownNames.constFind(*bsdName) : knownNames.constEnd();
+            if (known != knownNames.constEnd())
+                (void)m_platform->scNetworkServiceSetName(service, *known);
+            (void)m_platform->scNetworkSetAddService(set, service);
+        }
+    }
+    const QString setID = newSetID(*m_platform, set);
+    m_selectedSetID = setID;
+    return setID;
+}
+
+LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &newName)
+{
+    const QList<LocationRecord> records = locations();
+    const auto record = location(name, records);
+    const SetRef source = record ? setOf(*m_platform, m_prefs, *record) : SetRef();
+    if (!source)
+        throw notFound(name, records);
+    const QList<ServiceRef> sourceServices = orderedServices(source);
+    const QSet<QString> vlanBSDNames = vlanNames(*m_platform, m_prefs);
+    const SetRef copySet = makeLocation(*this, newName);
+
+    // Service by service, with new identifiers: a service can't be shared between Locations
+    // without sharing its settings too.
+    LocationCopy copy;
+    QStringList order;
+    for (const ServiceRef &service : sourceServices) {
+        const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
+        const auto bsdName = bsdNameOf(*m_platform, interface);
+        // A VPN has no kernel name and belongs to its app; a "vlan" interface that is no VLAN
+        // any more is a service left behind by one that is gone.
+        if (!bsdName)
+            continue;
+        if (bsdName->startsWith(u"vlan"_s) && !vlanBSDNames.contains(*bsdName))
+            continue;
+        const auto serviceName = m_platform->scNetworkServiceGetName(service);
+        const auto copyFailed = [&] {
+            return VLANError::operationFailed(u"Could not copy '"_s + serviceName.value_or(*bsdName)
+                                              + u"' into the new Location."_s);
+        };
+        const ServiceRef twin = m_platform->scNetworkServiceCreate(m_prefs, interface);
+        if (!twin)
+            throw copyFailed();
+        if (serviceName)
+            (void)m_platform->scNetworkServiceSetName(twin, *serviceName);
+        for (const ProtocolRef &protocol :
+             listOf(m_platform->scNetworkServiceCopyProtocols(service))) {
+            const auto type = m_platform->scNetworkProtocolGetProtocolType(protocol);
+            if (!type)
+                continue;
+            (void)m_platform->scNetworkServiceAddProtocolType(twin, *type);
+            const ProtocolRef twinProtocol = m_platform->scNetworkServiceCopyProtocol(twin, *type);
+            if (!twinProtocol)
+                continue;
+            (void)m_platform->scNetworkProtocolSetConfiguration(
+                twinProtocol, m_platform->scNetworkProtocolGetConfiguration(protocol));
+            (void)m_platform->scNetworkProtocolSetEnabled(
+                twinProtocol, m_platform->scNetworkProtocolGetEnabled(protocol));
+        }
+        if (!m_platform->scNetworkSetAddService(copySet, twin))
+            throw copyFailed();
+        (void)m_platform->scNetworkServiceSetEnabled(
+            twin, m_platform->scNetworkServiceGetEnabled(service));
+        // Frame size, speed and duplex live with the interface in each set, not in the service.
+        // Only an interface reached through a service of the new set can take them.
+        if (const auto settings = m_platform->scNetworkInterfaceGetConfiguration(interface)) {
+            (void)m_platform->scNetworkInterfaceSetConfiguration(
+                m_platform->scNetworkServiceGetInterface(twin), settings);
+        }
+        const auto sourceID = m_platform->scNetworkServiceGetServiceID(service);
+        const auto twinID = m_platform->scNetworkServiceGetServiceID(twin);
+        if (sourceID && twinID) {
+            copy.serviceIDs.insert(*sourceID, *twinID);
+            order.append(*twinID);
+        }
+    }
+    (void)m_platform->scNetworkSetSetServiceOrder(copySet, order);
+    copy.setID = newSetID(*m_platform, copySet);
+    m_selectedSetID = copy.setID;
+    return copy;
+}
+
+void VLANStore::renameLocation(const QString &name, const QString &newName)
+{
+    const QString trimmed = locationName(newName);
+    const QList<LocationRecord> records = locations();
+    const auto record = location(name, records);
+    if (!record)
+        throw notFound(name, records);
+    // Its own name doesn't count: a Location may change the case of its name.
+    if (nameTaken(trimmed, records, record->setID))
+        throw nameExists(trimmed);
+    const SetRef set = setOf(*m_platform, m_prefs, *record);
+    if (!set || !m_platform->scNetworkSetSetName(set, trimmed))
+        throw VLANError::operationFailed(u"Could not rename Location '"_s + record->name + u"'."_s);
+}
+
+void VLANStore::removeLocation(const QString &name)
+{
+    const QList<LocationRecord> records = locations();
+    const auto record = location(name, records);
+    if (!record)
+        throw notFound(name, records);
+    // The machine's own set, whichever the session has selected.
+    if (record->isCurrent) {
+        throw VLANError::operationFailed(
+            u"'"_s + name + u"' is the active Location \u2014 switch away before deleting it."_s);
+    }
+    const SetRef set = setOf(*m_platform, m_prefs, *record);
+    if (!set)
+        throw VLANError::locationNotFound(name, {});
+
+    // Removing the set alone would leave its services behind in the preferences; a service that
+    // another Location holds too stays for that one.
+    QSet<QString> heldElsewhere;
+    for (const SetRef &other : listOf(m_platform->scNetworkSetCopyAll(m_prefs))) {
+        if (m_platform->scNetworkSetGetSetID(other) == record->setID)
+            continue;
+        for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(other))) {
+            if (const auto serviceID = m_platform->scNetworkServiceGetServiceID(service))
+                heldElsewhere.insert(*serviceID);
+        }
+    }
+    for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(set))) {
+        const auto serviceID = m_platform->scNetworkServiceGetServiceID(service);
+        if (serviceID && !heldElsewhere.contains(*serviceID))
+            (void)m_platform->scNetworkServiceRemove(service);
+    }
+    if (!m_platform->scNetworkSetRemove(set))
+        throw VLANError::operationFailed(u"Could not remove Location '"_s + name + u"'."_s);
+    if (m_selectedSetID == record->setID)
+        m_selectedSetID.reset();
+}
+
+void VLANStore::makeSelectedLocationCurrent()
+{
+    const SetRef set = targetSet();
+    if (!set)
+        throw VLANError::noCurrentSet();
+    if (!m_platform->scNetworkSetSetCurrent(set))
+        throw VLANError::operationFailed(u"Could not switch to that Location."_s);
+}
+
+} // namespace VLANKit
