@@ -1,15 +1,17 @@
 #pragma once
 
 #include <QList>
+#include <QStringList>
+#include <QVariantList>
 
 #include <optional>
 
 namespace VLANKit {
 
-/// A platform list as a plain list of handles: an absent list is empty, and null elements are
+/// The handles of a platform list, in order: an absent list is empty, and null elements are
 /// skipped.
 template <typename Ref>
-[[nodiscard]] QList<Ref> listOf(const std::optional<QList<Ref>> &list)
+[[nodiscard]] QList<Ref> presentHandles(const std::optional<QList<Ref>> &list)
 {
     QList<Ref> items;
     if (!list)
@@ -20,6 +22,16 @@ template <typename Ref>
             items.append(item);
     }
     return items;
+}
+
+/// Strings as a platform list value.
+[[nodiscard]] inline QVariantList variantList(const QStringList &strings)
+{
+    QVariantList list;
+    list.reserve(strings.size());
+    for (const QString &string : strings)
+        list.append(string);
+    return list;
 }
 
 } // namespace VLANKit

@@ -17,7 +17,7 @@ ServiceRef memberService(PlatformBackend &platform, const SessionRef &prefs, con
 {
     if (!platform.scNetworkServiceCopy(prefs, serviceID))
         return {};
-    for (const ServiceRef &member : listOf(platform.scNetworkSetCopyServices(set))) {
+    for (const ServiceRef &member : presentHandles(platform.scNetworkSetCopyServices(set))) {
         if (platform.scNetworkServiceGetServiceID(member) == serviceID)
             return member;
     }
@@ -43,7 +43,7 @@ std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interf
 
 std::optional<ClosedRange> VLANStore::frameRange(const QString &vlanBSD) const
 {
-    for (const InterfaceRef &vlan : listOf(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
+    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
         if (m_platform->scNetworkInterfaceGetBSDName(vlan) != vlanBSD)
             continue;
         const InterfaceRef parent = m_platform->scVLANInterfaceGetPhysicalInterface(vlan);
@@ -93,10 +93,7 @@ std::optional<QVariantMap> VLANStore::configuration(const std::optional<QVariant
     if (settings.speed) {
         merged.insert(kSCPropNetEthernetMediaSubType, *settings.speed);
         // Written even when empty: the system sets media only when both keys are there.
-        QVariantList options;
-        for (const QString &option : settings.duplex)
-            options.append(option);
-        merged.insert(kSCPropNetEthernetMediaOptions, options);
+        merged.insert(kSCPropNetEthernetMediaOptions, variantList(settings.duplex));
     } else {
         merged.remove(kSCPropNetEthernetMediaSubType);
         merged.remove(kSCPropNetEthernetMediaOptions);

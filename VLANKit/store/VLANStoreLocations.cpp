@@ -106,7 +106,7 @@ std::optional<QString> bsdNameOf(PlatformBackend &platform, const InterfaceRef &
 QSet<QString> vlanNames(PlatformBackend &platform, const SessionRef &prefs)
 {
     QSet<QString> names;
-    for (const InterfaceRef &vlan : listOf(platform.scVLANInterfaceCopyAll(prefs))) {
+    for (const InterfaceRef &vlan : presentHandles(platform.scVLANInterfaceCopyAll(prefs))) {
         if (const auto bsdName = platform.scNetworkInterfaceGetBSDName(vlan))
             names.insert(*bsdName);
     }
@@ -130,13 +130,14 @@ QList<LocationRecord> VLANStore::locations() const
     const auto currentID = current ? m_platform->scNetworkSetGetSetID(current) : std::nullopt;
     const QSet<QString> vlanBSDNames = vlanNames(*m_platform, m_prefs);
     QList<LocationRecord> records;
-    for (const SetRef &set : listOf(m_platform->scNetworkSetCopyAll(m_prefs))) {
+    for (const SetRef &set : presentHandles(m_platform->scNetworkSetCopyAll(m_prefs))) {
         LocationRecord record;
         const auto setID = m_platform->scNetworkSetGetSetID(set);
         record.name = m_platform->scNetworkSetGetName(set).value_or(notReported());
         record.setID = setID.value_or(notReported());
         record.isCurrent = currentID && setID == currentID;
-        const QList<ServiceRef> services = listOf(m_platform->scNetworkSetCopyServices(set));
+        const QList<ServiceRef> services =
+            presentHandles(m_platform->scNetworkSetCopyServices(set));
         record.serviceCount = services.size();
         for (const ServiceRef &service : services) {
             const auto bsdName =
@@ -240,7 +241,7 @@ LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &ne
         if (serviceName)
             (void)m_platform->scNetworkServiceSetName(twin, *serviceName);
         for (const ProtocolRef &protocol :
-             listOf(m_platform->scNetworkServiceCopyProtocols(service))) {
+             presentHandles(m_platform->scNetworkServiceCopyProtocols(service))) {
             const auto type = m_platform->scNetworkProtocolGetProtocolType(protocol);
             if (!type)
                 continue;
@@ -309,15 +310,16 @@ void VLANStore::removeLocation(const QString &name)
     // Removing the set alone would leave its services behind in the preferences; a service that
     // another Location holds too stays for that one.
     QSet<QString> heldElsewhere;
-    for (const SetRef &other : listOf(m_platform->scNetworkSetCopyAll(m_prefs))) {
+    for (const SetRef &other : presentHandles(m_platform->scNetworkSetCopyAll(m_prefs))) {
         if (m_platform->scNetworkSetGetSetID(other) == record->setID)
             continue;
-        for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(other))) {
+        for (const ServiceRef &service :
+             presentHandles(m_platform->scNetworkSetCopyServices(other))) {
             if (const auto serviceID = m_platform->scNetworkServiceGetServiceID(service))
                 heldElsewhere.insert(*serviceID);
         }
     }
-    for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(set))) {
+    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
         const auto serviceID = m_platform->scNetworkServiceGetServiceID(service);
         if (serviceID && !heldElsewhere.contains(*serviceID))
             (void)m_platform->scNetworkServiceRemove(service);
