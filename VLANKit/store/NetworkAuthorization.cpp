@@ -1,5 +1,6 @@
 #include "VLANKit/store/NetworkAuthorization.h"
 
+#include "VLANKit/Platform.h"
 #include "VLANKit/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
@@ -8,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace VLANKit {
 
-NetworkAuthorization::NetworkAuthorization(std::shared_ptr<PlatformBackend> platform)
-    : m_platform(std::move(platform))
+NetworkAuthorization::NetworkAuthorization(const Platform &platform)
+    : m_platform(platform.sharedBackend())
 {}
 
 NetworkAuthorization::~NetworkAuthorization()

@@ -8,6 +8,7 @@
 
 namespace VLANKit {
 
+class Platform;
 class PlatformBackend;
 
 /// The administrator right to change the network settings. Obtained first, with `acquire`,
@@ -15,7 +16,7 @@ class PlatformBackend;
 class NetworkAuthorization
 {
 public:
-    explicit NetworkAuthorization(std::shared_ptr<PlatformBackend> platform);
+    explicit NetworkAuthorization(const Platform &platform);
     ~NetworkAuthorization();
     NetworkAuthorization(const NetworkAuthorization &) = delete;
     NetworkAuthorization &operator=(const NetworkAuthorization &) = delete;

@@ -1,9 +1,11 @@
 #include "VLANKit/store/VLANStore.h"
 
+#include "VLANKit/Platform.h"
 #include "VLANKit/TextRules.h"
 #include "VLANKit/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/store/NetworkAuthorization.h"
+#include "VLANKit/store/PlatformLists.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,19 +14,6 @@ namespace VLANKit {
 namespace {
 
 const QString sessionName = u"Orvane"_s;
-
-QList<InterfaceRef> present(const std::optional<QList<InterfaceRef>> &list)
-{
-    QList<InterfaceRef> interfaces;
-    if (!list)
-        return interfaces;
-    interfaces.reserve(list->size());
-    for (const InterfaceRef &interface : *list) {
-        if (interface)
-            interfaces.append(interface);
-    }
-    return interfaces;
-}
 
 // The failure text of the call just made: the system's words and its code.
 QString lastFailure(PlatformBackend &platform)
@@ -35,8 +24,8 @@ QString lastFailure(PlatformBackend &platform)
 
 } // namespace
 
-VLANStore::VLANStore(std::shared_ptr<PlatformBackend> platform)
-    : m_platform(std::move(platform))
+VLANStore::VLANStore(const Platform &platform)
+    : m_platform(platform.sharedBackend())
 {
     installDefaults();
     m_prefs = m_platform->scPreferencesCreate(sessionName);
@@ -45,9 +34,8 @@ VLANStore::VLANStore(std::shared_ptr<PlatformBackend> platform)
     m_isWritable = false;
 }
 
-VLANStore::VLANStore(std::shared_ptr<PlatformBackend> platform,
-                     const NetworkAuthorization &authorization)
-    : m_platform(std::move(platform))
+VLANStore::VLANStore(const Platform &platform, const NetworkAuthorization &authorization)
+    : m_platform(platform.sharedBackend())
 {
     installDefaults();
     m_prefs = m_platform->scPreferencesCreateWithAuthorization(sessionName, authorization.ref());
@@ -63,9 +51,11 @@ void VLANStore::installDefaults()
     // The defaults hold the backend, not the store: a copy of the function outlives nothing.
     const std::shared_ptr<PlatformBackend> platform = m_platform;
     vlanCapableInterfaces = [platform] {
-        return present(platform->scVLANInterfaceCopyAvailablePhysicalInterfaces());
+        return presentHandles(platform->scVLANInterfaceCopyAvailablePhysicalInterfaces());
     };
-    attachedInterfaces = [platform] { return present(platform->scNetworkInterfaceCopyAll()); };
+    attachedInterfaces = [platform] {
+        return presentHandles(platform->scNetworkInterfaceCopyAll());
+    };
     driverCapabilities = [this](const InterfaceRef &interface) { return askDriver(interface); };
 }
 
@@ -111,7 +101,7 @@ QString VLANStore::selfTestWrite()
 {
     if (!m_isWritable)
         throw VLANError::operationFailed(u"Self test needs an authorized session."_s);
-    const QList<InterfaceRef> all = present(m_platform->scVLANInterfaceCopyAll(m_prefs));
+    const QList<InterfaceRef> all = presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs));
     if (all.isEmpty())
         throw VLANError::operationFailed(u"No VLAN available to test against."_s);
     const InterfaceRef &vlan = all.first();

@@ -5,8 +5,11 @@
 #include "VLANKit/HardwareSettings.h"
 #include "VLANKit/IPConfig.h"
 #include "VLANKit/IPv6Mode.h"
+#include "VLANKit/InternetMarks.h"
 #include "VLANKit/LocationCopy.h"
 #include "VLANKit/LocationRecord.h"
+#include "VLANKit/Plan.h"
+#include "VLANKit/Profile.h"
 #include "VLANKit/ServiceRecord.h"
 #include "VLANKit/VLANRecord.h"
 #include "VLANKit/platform/PlatformHandle.h"
@@ -28,6 +31,7 @@
 namespace VLANKit {
 
 class NetworkAuthorization;
+class Platform;
 class PlatformBackend;
 
 /// One session on the system's network preferences: a private snapshot that every read looks
@@ -41,9 +45,9 @@ public:
     using DriverQuestion = std::function<std::optional<HardwareCapabilities>(const InterfaceRef &)>;
 
     /// A read-only store. Throws `prefsUnavailable`.
-    explicit VLANStore(std::shared_ptr<PlatformBackend> platform);
+    explicit VLANStore(const Platform &platform);
     /// A writable store on an acquired right. Throws `prefsUnavailable`.
-    VLANStore(std::shared_ptr<PlatformBackend> platform, const NetworkAuthorization &authorization);
+    VLANStore(const Platform &platform, const NetworkAuthorization &authorization);
     ~VLANStore();
     VLANStore(const VLANStore &) = delete;
     VLANStore &operator=(const VLANStore &) = delete;
@@ -100,6 +104,56 @@ public:
     [[nodiscard]] std::optional<HardwareCapabilities>
     askDriver(const InterfaceRef &interface) const;
 
+    // VLAN and service operations: each stages one change in the snapshot.
+    /// Gives the kernel name of the new interface.
+    QString createVLAN(qint64 tag, const QString &name, const QString &adapterBSD,
+                       const IPConfig &ip, bool enabled);
+    void reparent(const VLANRecord &record, const QString &adapterBSD);
+    void setIP(const IPConfig &ip, qint64 tag, const QString &bsdName);
+    void setEnabled(bool enabled, qint64 tag, const QString &bsdName);
+    void removeVLAN(qint64 tag, const QString &bsdName);
+    void renameVLAN(qint64 tag, const QString &bsdName, const QString &name);
+    void addService(qint64 tag, const QString &bsdName);
+    void addService(const QString &adapterBSD);
+    void setIP(const IPConfig &ip, const QString &serviceID, const QString &name);
+    void setEnabled(bool enabled, const QString &serviceID, const QString &name);
+    void setIPv6(IPv6Mode mode, const QString &serviceID, const QString &name);
+    void setDNS(const QStringList &servers, const QStringList &searchDomains,
+                const QString &serviceID, const QString &name);
+    void removeService(const QString &serviceID, const QString &name);
+    /// Clears the services that deleted VLAN interfaces left behind, in every Location; gives
+    /// their kernel names, sorted.
+    QStringList pruneOrphanedVLANServices();
+
+    // Service order.
+    [[nodiscard]] QList<InternetMarks::Candidate> internetCandidates() const;
+    [[nodiscard]] QSet<QString> defaultInternetServiceIDs() const;
+    [[nodiscard]] QList<ServiceRecord>
+    recommendedOrder(const QSet<QString> &internetServiceIDs) const;
+    /// Absent when the order was already the recommended one.
+    std::optional<QList<ServiceRecord>>
+    applyRecommendedOrder(const QSet<QString> &internetServiceIDs);
+    void setServiceOrder(const QStringList &serviceIDs);
+    [[nodiscard]] QList<ServiceRecord>
+    vlansOutrankingInternet(const QSet<QString> &internetServiceIDs) const;
+    [[nodiscard]] QList<ServiceRecord>
+    servicesOutrankedByVLANs(const QSet<QString> &internetServiceIDs) const;
+
+    // Adapter labels.
+    [[nodiscard]] QString adapterLabel(const QString &bsdName) const;
+    [[nodiscard]] QSet<QString> knownAdapterLabels() const;
+    void renameAdapter(const QString &bsdName, const QString &name);
+    [[nodiscard]] Plan planSyncAdapterNames(const std::optional<QString> &adapterBSD) const;
+
+    // Planning and the transaction.
+    [[nodiscard]] Plan planApply(const Profile &profile, const QString &adapterBSD) const;
+    [[nodiscard]] Plan planDelete(QList<qint64> tags,
+                                  const std::optional<QString> &adapterBSD) const;
+    [[nodiscard]] Plan planReparentAll(const QString &adapterBSD) const;
+    [[nodiscard]] Profile capture(const QString &name) const;
+    /// Stages the whole plan, checks frame sizes, and commits: all of it, or nothing.
+    void execute(const Plan &plan);
+
     // Locations.
     /// Every Location, sorted by name.
     [[nodiscard]] QList<LocationRecord> locations() const;
@@ -143,6 +197,21 @@ public:
 
 private:
     void installDefaults();
+    ServiceRef makeService(const InterfaceRef &interface, const QString &name, const SetRef &set);
+    void removeServices(const QSet<QString> &bsdNames);
+    void applyIP(const IPConfig &ip, const ServiceRef &service);
+    bool writeDNS(const std::optional<QStringList> &servers,
+                  const std::optional<QStringList> &searchDomains, const ServiceRef &service);
+    void moveToEndOfOrder(const ServiceRef &service, const SetRef &set);
+    [[nodiscard]] QHash<QString, QSet<QString>> serviceNamesEverywhere() const;
+    void stage(const Plan &plan);
+    void stageChanges(const Plan &plan);
+    void stageChange(const PlannedChange &change, const QString &adapterBSD);
+    void syncAdapterNames(const QString &bsdName);
+    void checkFrameSizes(const QString &vlanBSD);
+    [[nodiscard]] QList<SetRef> allSets() const;
+    [[nodiscard]] QList<ServiceRef> servicesOf(const SetRef &set) const;
+    [[nodiscard]] std::optional<QString> interfaceBSDOf(const ServiceRef &service) const;
     [[nodiscard]] HardwareSettings readHardware(const InterfaceRef &interface) const;
     [[nodiscard]] bool isLive(const QString &bsdName) const;
     [[nodiscard]] QString displayNameOr(const InterfaceRef &interface,

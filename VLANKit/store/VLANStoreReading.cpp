@@ -2,6 +2,7 @@
 #include "VLANKit/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
+#include "VLANKit/store/PlatformLists.h"
 #include "VLANKit/store/VLANStore.h"
 
 using namespace Qt::StringLiterals;
@@ -9,20 +10,6 @@ using namespace Qt::StringLiterals;
 namespace VLANKit {
 
 namespace {
-
-template <typename Ref>
-QList<Ref> listOf(const std::optional<QList<Ref>> &list)
-{
-    QList<Ref> items;
-    if (!list)
-        return items;
-    items.reserve(list->size());
-    for (const Ref &item : *list) {
-        if (item)
-            items.append(item);
-    }
-    return items;
-}
 
 bool byBSDName(const AdapterRecord &a, const AdapterRecord &b)
 {
@@ -37,7 +24,7 @@ QHash<QString, ServiceDetails> VLANStore::serviceIndex() const
     const SetRef set = targetSet();
     if (!set)
         return index;
-    for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(set))) {
+    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
         const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
         const auto bsdName =
             interface ? m_platform->scNetworkInterfaceGetBSDName(interface) : std::nullopt;
@@ -57,7 +44,8 @@ QList<VLANRecord> VLANStore::vlans() const
 {
     const QHash<QString, ServiceDetails> index = serviceIndex();
     QList<VLANRecord> records;
-    const QList<InterfaceRef> interfaces = listOf(m_platform->scVLANInterfaceCopyAll(m_prefs));
+    const QList<InterfaceRef> interfaces =
+        presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs));
     records.reserve(interfaces.size());
     for (const InterfaceRef &vlan : interfaces) {
         VLANRecord record;
@@ -89,7 +77,7 @@ QList<VLANRecord> VLANStore::vlans() const
 
 QList<ServiceRef> VLANStore::orderedServices(const SetRef &set) const
 {
-    const QList<ServiceRef> all = listOf(m_platform->scNetworkSetCopyServices(set));
+    const QList<ServiceRef> all = presentHandles(m_platform->scNetworkSetCopyServices(set));
     QHash<QString, ServiceRef> byID;
     QList<std::optional<QString>> ids;
     ids.reserve(all.size());
@@ -121,7 +109,7 @@ QList<ServiceRecord> VLANStore::services() const
     if (!set)
         return records;
     QHash<QString, qint64> tags;
-    for (const InterfaceRef &vlan : listOf(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
+    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
         const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(vlan);
         const auto tag = m_platform->scVLANInterfaceGetTag(vlan);
         if (bsdName && tag)
@@ -168,7 +156,7 @@ QHash<QString, QString> VLANStore::serviceNameIndex() const
     const auto targetID = target ? m_platform->scNetworkSetGetSetID(target) : std::nullopt;
     // Every other Location first, the one under view last: its names are trusted most.
     QList<SetRef> sets;
-    for (const SetRef &set : listOf(m_platform->scNetworkSetCopyAll(m_prefs))) {
+    for (const SetRef &set : presentHandles(m_platform->scNetworkSetCopyAll(m_prefs))) {
         if (!target || m_platform->scNetworkSetGetSetID(set) != targetID)
             sets.append(set);
     }
@@ -177,7 +165,8 @@ QHash<QString, QString> VLANStore::serviceNameIndex() const
 
     QHash<QString, QString> names;
     for (const SetRef &set : sets) {
-        for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(set))) {
+        for (const ServiceRef &service :
+             presentHandles(m_platform->scNetworkSetCopyServices(set))) {
             const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
             const auto bsdName =
                 interface ? m_platform->scNetworkInterfaceGetBSDName(interface) : std::nullopt;
@@ -223,7 +212,7 @@ QList<AdapterRecord> VLANStore::adaptersWithoutService()
     if (!set)
         return adapters;
     QSet<QString> taken;
-    for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(set))) {
+    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
         const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
         if (const auto bsdName =
                 interface ? m_platform->scNetworkInterfaceGetBSDName(interface) : std::nullopt)
@@ -268,7 +257,7 @@ QStringList VLANStore::orphanedParents() const
 
 InterfaceRef VLANStore::findVLAN(qint64 tag, const QString &bsdName) const
 {
-    for (const InterfaceRef &vlan : listOf(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
+    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
         if (m_platform->scVLANInterfaceGetTag(vlan) == tag
             && m_platform->scNetworkInterfaceGetBSDName(vlan) == bsdName)
             return vlan;
@@ -281,7 +270,7 @@ ServiceRef VLANStore::findService(const QString &vlanBSD) const
     const SetRef set = targetSet();
     if (!set)
         return {};
-    for (const ServiceRef &service : listOf(m_platform->scNetworkSetCopyServices(set))) {
+    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
         const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
         if (interface && m_platform->scNetworkInterfaceGetBSDName(interface) == vlanBSD)
             return service;
@@ -297,7 +286,7 @@ ServiceRef VLANStore::requireService(const QString &serviceID, const QString &na
     // Found by identifier anywhere, then checked for membership of the Location.
     const ServiceRef service = m_platform->scNetworkServiceCopy(m_prefs, serviceID);
     if (service) {
-        for (const ServiceRef &member : listOf(m_platform->scNetworkSetCopyServices(set))) {
+        for (const ServiceRef &member : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
             if (m_platform->scNetworkServiceGetServiceID(member) == serviceID)
                 return member;
         }
@@ -314,6 +303,22 @@ InterfaceRef VLANStore::requireAdapter(const QString &bsdName) const
     if (!isLive(bsdName))
         throw VLANError::adapterNotFound(bsdName);
     throw VLANError::adapterCannotHostVLAN(bsdName);
+}
+
+QList<SetRef> VLANStore::allSets() const
+{
+    return presentHandles(m_platform->scNetworkSetCopyAll(m_prefs));
+}
+
+QList<ServiceRef> VLANStore::servicesOf(const SetRef &set) const
+{
+    return presentHandles(m_platform->scNetworkSetCopyServices(set));
+}
+
+std::optional<QString> VLANStore::interfaceBSDOf(const ServiceRef &service) const
+{
+    const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
+    return interface ? m_platform->scNetworkInterfaceGetBSDName(interface) : std::nullopt;
 }
 
 } // namespace VLANKit

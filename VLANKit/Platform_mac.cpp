@@ -1,0 +1,10 @@
+#include "VLANKit/Platform.h"
+
+namespace VLANKit {
+
+Platform systemPlatform()
+{
+    return Platform(makeSystemConfigurationBackend());
+}
+
+} // namespace VLANKit

@@ -1,0 +1,13 @@
+#include "VLANKit/platform/document/FileSignature.h"
+
+#include <sys/stat.h>
+#include <time.h>
+
+namespace VLANKit {
+
+struct timespec FileSignature::modificationTime(const struct stat &info)
+{
+    return info.st_mtimespec;
+}
+
+} // namespace VLANKit
