@@ -98,11 +98,6 @@ QString newSetID(PlatformBackend &platform, const SetRef &set)
     return *setID;
 }
 
-std::optional<QString> bsdNameOf(PlatformBackend &platform, const InterfaceRef &interface)
-{
-    return interface ? platform.scNetworkInterfaceGetBSDName(interface) : std::nullopt;
-}
-
 QSet<QString> vlanNames(PlatformBackend &platform, const SessionRef &prefs)
 {
     QSet<QString> names;
@@ -130,18 +125,16 @@ QList<LocationRecord> VLANStore::locations() const
     const auto currentID = current ? m_platform->scNetworkSetGetSetID(current) : std::nullopt;
     const QSet<QString> vlanBSDNames = vlanNames(*m_platform, m_prefs);
     QList<LocationRecord> records;
-    for (const SetRef &set : presentHandles(m_platform->scNetworkSetCopyAll(m_prefs))) {
+    for (const SetRef &set : allSets()) {
         LocationRecord record;
         const auto setID = m_platform->scNetworkSetGetSetID(set);
         record.name = m_platform->scNetworkSetGetName(set).value_or(notReported());
         record.setID = setID.value_or(notReported());
         record.isCurrent = currentID && setID == currentID;
-        const QList<ServiceRef> services =
-            presentHandles(m_platform->scNetworkSetCopyServices(set));
+        const QList<ServiceRef> services = servicesOf(set);
         record.serviceCount = services.size();
         for (const ServiceRef &service : services) {
-            const auto bsdName =
-                bsdNameOf(*m_platform, m_platform->scNetworkServiceGetInterface(service));
+            const auto bsdName = interfaceBSDOf(service);
             if (bsdName && vlanBSDNames.contains(*bsdName))
                 ++record.vlanServiceCount;
         }
@@ -223,7 +216,7 @@ LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &ne
     QStringList order;
     for (const ServiceRef &service : sourceServices) {
         const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
-        const auto bsdName = bsdNameOf(*m_platform, interface);
+        const auto bsdName = interfaceBSDOf(service);
         // A VPN has no kernel name and belongs to its app; a "vlan" interface that is no VLAN
         // any more is a service left behind by one that is gone.
         if (!bsdName)
@@ -310,16 +303,15 @@ void VLANStore::removeLocation(const QString &name)
     // Removing the set alone would leave its services behind in the preferences; a service that
     // another Location holds too stays for that one.
     QSet<QString> heldElsewhere;
-    for (const SetRef &other : presentHandles(m_platform->scNetworkSetCopyAll(m_prefs))) {
+    for (const SetRef &other : allSets()) {
         if (m_platform->scNetworkSetGetSetID(other) == record->setID)
             continue;
-        for (const ServiceRef &service :
-             presentHandles(m_platform->scNetworkSetCopyServices(other))) {
+        for (const ServiceRef &service : servicesOf(other)) {
             if (const auto serviceID = m_platform->scNetworkServiceGetServiceID(service))
                 heldElsewhere.insert(*serviceID);
         }
     }
-    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
+    for (const ServiceRef &service : servicesOf(set)) {
         const auto serviceID = m_platform->scNetworkServiceGetServiceID(service);
         if (serviceID && !heldElsewhere.contains(*serviceID))
             (void)m_platform->scNetworkServiceRemove(service);
