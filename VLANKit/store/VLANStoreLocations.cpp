@@ -82,7 +82,7 @@ SetRef makeLocation(const VLANStore &store, const QString &name)
     if (nameTaken(trimmed, store.locations()))
         throw nameExists(trimmed);
     PlatformBackend &platform = store.platform();
-    const SetRef set = platform.scNetworkSetCreate(store.prefs());
+    SetRef set = platform.scNetworkSetCreate(store.prefs());
     if (!set)
         throw VLANError::operationFailed(u"Could not create the Location."_s);
     if (!platform.scNetworkSetSetName(set, trimmed))
@@ -111,7 +111,7 @@ QSet<QString> vlanNames(PlatformBackend &platform, const SessionRef &prefs)
 // The set of a record, looked up by its identifier.
 SetRef setOf(PlatformBackend &platform, const SessionRef &prefs, const LocationRecord &record)
 {
-    const SetRef set = platform.scNetworkSetCopy(prefs, record.setID);
+    SetRef set = platform.scNetworkSetCopy(prefs, record.setID);
     if (!set || platform.scNetworkSetGetSetID(set) != record.setID)
         return {};
     return set;
@@ -194,7 +194,7 @@ QString VLANStore::createLocation(const QString &name, bool populate)
             (void)m_platform->scNetworkSetAddService(set, service);
         }
     }
-    const QString setID = newSetID(*m_platform, set);
+    QString setID = newSetID(*m_platform, set);
     m_selectedSetID = setID;
     return setID;
 }
