@@ -2,6 +2,7 @@
 #include "VLANKit/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
+#include "VLANKit/store/LocationNames.h"
 #include "VLANKit/store/PlatformLists.h"
 #include "VLANKit/store/VLANStore.h"
 
@@ -11,76 +12,11 @@ namespace VLANKit {
 
 namespace {
 
-QStringList namesOf(const QList<LocationRecord> &records)
-{
-    QStringList names;
-    names.reserve(records.size());
-    for (const LocationRecord &record : records)
-        names.append(record.name);
-    return names;
-}
-
-VLANError notFound(const QString &name, const QList<LocationRecord> &records)
-{
-    return VLANError::locationNotFound(name, namesOf(records));
-}
-
-// A name as a person gave it: the exact match first, a case-blind one as the fallback. Two
-// case-blind matches and no exact one can't be told apart, and the person has to say which.
-std::optional<LocationRecord> location(const QString &name, const QList<LocationRecord> &among)
-{
-    for (const LocationRecord &record : among) {
-        if (canonicallyEqual(record.name, name))
-            return record;
-    }
-    QList<LocationRecord> matches;
-    for (const LocationRecord &record : among) {
-        if (caseBlindEqual(record.name, name))
-            matches.append(record);
-    }
-    if (matches.size() > 1) {
-        QStringList candidates;
-        for (const LocationRecord &match : std::as_const(matches))
-            candidates.append(u'\'' + match.name + u'\'');
-        throw VLANError::operationFailed(u"'"_s + name + u"' could be "_s
-                                         + candidates.join(u" and "_s)
-                                         + u". Give the name exactly as it is written."_s);
-    }
-    if (matches.isEmpty())
-        return std::nullopt;
-    return matches.first();
-}
-
-bool nameTaken(const QString &name, const QList<LocationRecord> &records,
-               const std::optional<QString> &exceptSetID = std::nullopt)
-{
-    for (const LocationRecord &record : records) {
-        if (record.setID != exceptSetID && caseBlindEqual(record.name, name))
-            return true;
-    }
-    return false;
-}
-
-VLANError nameExists(const QString &name)
-{
-    return VLANError::operationFailed(u"A Location named '"_s + name + u"' already exists."_s);
-}
-
-// The trimmed name, refused when nothing is left of it.
-QString locationName(const QString &name)
-{
-    QString trimmed = trimWhitespaceAndNewlines(name);
-    if (trimmed.isEmpty())
-        throw VLANError::operationFailed(u"A Location needs a name."_s);
-    return trimmed;
-}
-
 // A new, empty set under a name that no Location bears in any case.
 SetRef makeLocation(const VLANStore &store, const QString &name)
 {
-    const QString trimmed = locationName(name);
-    if (nameTaken(trimmed, store.locations()))
-        throw nameExists(trimmed);
+    const QString trimmed = LocationNames::trimmed(name);
+    LocationNames::checkFree(trimmed, store.locations());
     PlatformBackend &platform = store.platform();
     SetRef set = platform.scNetworkSetCreate(store.prefs());
     if (!set)
@@ -162,9 +98,9 @@ std::optional<LocationRecord> VLANStore::activeLocation() const
 void VLANStore::selectLocation(const QString &name)
 {
     const QList<LocationRecord> records = locations();
-    const auto record = location(name, records);
+    const auto record = LocationNames::location(name, records);
     if (!record)
-        throw notFound(name, records);
+        throw LocationNames::notFound(name, records);
     m_selectedSetID = record->setID;
 }
 
@@ -202,10 +138,10 @@ QString VLANStore::createLocation(const QString &name, bool populate)
 LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &newName)
 {
     const QList<LocationRecord> records = locations();
-    const auto record = location(name, records);
+    const auto record = LocationNames::location(name, records);
     const SetRef source = record ? setOf(*m_platform, m_prefs, *record) : SetRef();
     if (!source)
-        throw notFound(name, records);
+        throw LocationNames::notFound(name, records);
     const QList<ServiceRef> sourceServices = orderedServices(source);
     const QSet<QString> vlanBSDNames = vlanNames(*m_platform, m_prefs);
     const SetRef copySet = makeLocation(*this, newName);
@@ -272,14 +208,13 @@ LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &ne
 
 void VLANStore::renameLocation(const QString &name, const QString &newName)
 {
-    const QString trimmed = locationName(newName);
+    const QString trimmed = LocationNames::trimmed(newName);
     const QList<LocationRecord> records = locations();
-    const auto record = location(name, records);
+    const auto record = LocationNames::location(name, records);
     if (!record)
-        throw notFound(name, records);
+        throw LocationNames::notFound(name, records);
     // Its own name doesn't count: a Location may change the case of its name.
-    if (nameTaken(trimmed, records, record->setID))
-        throw nameExists(trimmed);
+    LocationNames::checkFree(trimmed, records, record->setID);
     const SetRef set = setOf(*m_platform, m_prefs, *record);
     if (!set || !m_platform->scNetworkSetSetName(set, trimmed))
         throw VLANError::operationFailed(u"Could not rename Location '"_s + record->name + u"'."_s);
@@ -288,9 +223,9 @@ void VLANStore::renameLocation(const QString &name, const QString &newName)
 void VLANStore::removeLocation(const QString &name)
 {
     const QList<LocationRecord> records = locations();
-    const auto record = location(name, records);
+    const auto record = LocationNames::location(name, records);
     if (!record)
-        throw notFound(name, records);
+        throw LocationNames::notFound(name, records);
     // The machine's own set, whichever the session has selected.
     if (record->isCurrent) {
         throw VLANError::operationFailed(
