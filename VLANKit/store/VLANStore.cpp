@@ -22,6 +22,16 @@ QString lastFailure(PlatformBackend &platform)
     return platform.scErrorString(code) + u" ("_s + QString::number(code) + u')';
 }
 
+// The preferences can't be opened. Where the backend knows what exactly is wrong with them (a
+// hand-edited file that doesn't parse, say), its sentence says it; else the general words.
+VLANError unavailable(PlatformBackend &platform)
+{
+    const PlatformError error = platform.scCopyLastError();
+    if (!error.description.isEmpty() && error.description != platform.scErrorString(error.code))
+        return VLANError::operationFailed(error.description);
+    return VLANError::prefsUnavailable();
+}
+
 } // namespace
 
 VLANStore::VLANStore(const Platform &platform)
@@ -30,7 +40,7 @@ VLANStore::VLANStore(const Platform &platform)
     installDefaults();
     m_prefs = m_platform->scPreferencesCreate(sessionName);
     if (!m_prefs)
-        throw VLANError::prefsUnavailable();
+        throw unavailable(*m_platform);
     m_isWritable = false;
 }
 
@@ -40,7 +50,7 @@ VLANStore::VLANStore(const Platform &platform, const NetworkAuthorization &autho
     installDefaults();
     m_prefs = m_platform->scPreferencesCreateWithAuthorization(sessionName, authorization.ref());
     if (!m_prefs)
-        throw VLANError::prefsUnavailable();
+        throw unavailable(*m_platform);
     m_isWritable = true;
 }
 

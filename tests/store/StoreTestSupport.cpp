@@ -129,6 +129,29 @@ QByteArray StoreTest::preferencesBytes() const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+void StoreTest::editPreferences(const std::function<void(QVariantMap &)> &edit)
+{
+    QVariantMap preferences = parsePropertyList(preferencesBytes()).value_or(QVariant()).toMap();
+    edit(preferences);
+    temporary.write(u"machine/preferences.plist"_s, *xmlPropertyList(preferences));
+    platform = Platform::overFolder(folder);
+}
+
+void StoreTest::answerAdministrator(const QString &lines)
+{
+    QFile file(folder + u"/machine.toml"_s);
+    QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    file.close();
+    // A fresh table at the end replaces whatever the example said.
+    text.replace("\n[administrator]\n", "\n");
+    const qsizetype at = text.indexOf("answer = ");
+    if (at >= 0)
+        text.remove(at, text.indexOf('\n', at) - at);
+    text += "\n[administrator]\n" + lines.toUtf8() + "\n";
+    temporary.write(u"machine/machine.toml"_s, text);
+    platform = Platform::overFolder(folder);
+}
+
 VLANRecord StoreTest::vlanTagged(const VLANStore &store, qint64 tag)
 {
     for (const VLANRecord &vlan : store.vlans()) {

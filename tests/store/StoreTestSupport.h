@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -32,6 +33,12 @@ protected:
     [[nodiscard]] std::unique_ptr<VLANKit::VLANStore> writeStore() const;
 
     [[nodiscard]] QByteArray preferencesBytes() const;
+    /// Changes the copy's preferences file by hand, as a person with an editor would, and
+    /// chooses the backend over it again.
+    void editPreferences(const std::function<void(QVariantMap &)> &edit);
+    /// Sets how the machine answers a request for the administrator right: the lines that
+    /// stand in its description's [administrator] table, such as `answer = "deny"`.
+    void answerAdministrator(const QString &lines);
     /// The record of the VLAN with this tag in `vlans`, which must exist.
     [[nodiscard]] static VLANKit::VLANRecord vlanTagged(const VLANKit::VLANStore &store,
                                                         qint64 tag);
