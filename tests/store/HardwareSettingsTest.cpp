@@ -439,10 +439,7 @@ TEST_F(HardwareOnShowMac, SetHardwareNeedsAServiceOfThisLocation)
 
 TEST_F(HardwareOnShowMac, AWriteTheSystemRefusesNamesTheService)
 {
-    std::shared_ptr<RefusingBackend> refusing;
-    const Platform over = RefusingBackend::platformOver(folder, &refusing);
-    refusing->refused = {u"SCNetworkInterfaceSetConfiguration"_s};
-    VLANStore store(over);
+    VLANStore store(RefusingBackend::over(*platform, {u"SCNetworkInterfaceSetConfiguration"_s}));
     EXPECT_EQ(sentenceOf([&] {
                   store.setHardware(settings(9000), serviceID(store, u"Ethernet"_s), u"Ethernet"_s);
               }),

@@ -1,7 +1,6 @@
 // Locations: listing, selecting, creating, copying, renaming, removing and switching, on the
 // show machine of the examples.
 #include "VLANKit/AnyValue.h"
-#include "VLANKit/PropertyList.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/store/PlatformLists.h"
 #include "tests/store/RefusingBackend.h"
@@ -29,17 +28,6 @@ protected:
 
     /// A new backend over the same folder, as the next process would have.
     void reopen() { platform = another(); }
-
-    [[nodiscard]] QVariantMap preferences() const
-    {
-        const auto document = parsePropertyList(preferencesBytes());
-        return document ? anyMap(*document).value_or(QVariantMap()) : QVariantMap();
-    }
-    void setPreferences(const QVariantMap &document)
-    {
-        temporary.write(u"machine/preferences.plist"_s, xmlPropertyList(document).value_or(""));
-        reopen();
-    }
 
     [[nodiscard]] static QString serviceID(const VLANStore &store, const QString &name)
     {
@@ -401,34 +389,34 @@ TEST_F(LocationsOnShowMac, ACopyKeepsOrderEnabledStatesProtocolsAndInterfaceSett
 
 TEST_F(LocationsOnShowMac, ACopyLeavesOutAVPN)
 {
-    // A VPN between the two services of the Office.
-    QVariantMap document = preferences();
+    // A VPN between the two services of the Office, as its app would have added it.
     const QString vpnID = u"7D3F61C2-6A1B-4E55-9C4D-2B8E0F9A1C33"_s;
     const QString officeID = setIDOf(u"Office"_s);
-    QVariantMap services = mapIn(document, u"NetworkServices"_s).value_or(QVariantMap());
-    services.insert(vpnID, QVariantMap{{u"Interface"_s, QVariantMap{{u"Type"_s, u"VPN"_s},
-                                                                    {u"SubType"_s, u"L2TP"_s}}},
-                                       {u"UserDefinedName"_s, u"Crew VPN"_s},
-                                       {u"IPv4"_s, QVariantMap{{u"ConfigMethod"_s, u"PPP"_s}}}});
-    document.insert(u"NetworkServices"_s, services);
-    QVariantMap sets = mapIn(document, u"Sets"_s).value_or(QVariantMap());
-    QVariantMap office = mapIn(sets, officeID).value_or(QVariantMap());
-    QVariantMap network = mapIn(office, u"Network"_s).value_or(QVariantMap());
-    QVariantMap links = mapIn(network, u"Service"_s).value_or(QVariantMap());
-    links.insert(vpnID, QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + vpnID}});
-    network.insert(u"Service"_s, links);
-    QVariantMap global = mapIn(network, u"Global"_s).value_or(QVariantMap());
-    QVariantMap ipv4 = mapIn(global, u"IPv4"_s).value_or(QVariantMap());
-    QVariantList order = listIn(ipv4, u"ServiceOrder"_s).value_or(QVariantList());
-    ASSERT_EQ(order.size(), 2);
-    order.insert(1, vpnID);
-    ipv4.insert(u"ServiceOrder"_s, order);
-    global.insert(u"IPv4"_s, ipv4);
-    network.insert(u"Global"_s, global);
-    office.insert(u"Network"_s, network);
-    sets.insert(officeID, office);
-    document.insert(u"Sets"_s, sets);
-    setPreferences(document);
+    editPreferences([&](QVariantMap &document) {
+        QVariantMap services = mapIn(document, u"NetworkServices"_s).value_or(QVariantMap());
+        services.insert(vpnID,
+                        QVariantMap{{u"Interface"_s,
+                                     QVariantMap{{u"Type"_s, u"VPN"_s}, {u"SubType"_s, u"L2TP"_s}}},
+                                    {u"UserDefinedName"_s, u"Crew VPN"_s},
+                                    {u"IPv4"_s, QVariantMap{{u"ConfigMethod"_s, u"PPP"_s}}}});
+        document.insert(u"NetworkServices"_s, services);
+        QVariantMap sets = mapIn(document, u"Sets"_s).value_or(QVariantMap());
+        QVariantMap office = mapIn(sets, officeID).value_or(QVariantMap());
+        QVariantMap network = mapIn(office, u"Network"_s).value_or(QVariantMap());
+        QVariantMap links = mapIn(network, u"Service"_s).value_or(QVariantMap());
+        links.insert(vpnID, QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + vpnID}});
+        network.insert(u"Service"_s, links);
+        QVariantMap global = mapIn(network, u"Global"_s).value_or(QVariantMap());
+        QVariantMap ipv4 = mapIn(global, u"IPv4"_s).value_or(QVariantMap());
+        QVariantList order = listIn(ipv4, u"ServiceOrder"_s).value_or(QVariantList());
+        order.insert(1, vpnID);
+        ipv4.insert(u"ServiceOrder"_s, order);
+        global.insert(u"IPv4"_s, ipv4);
+        network.insert(u"Global"_s, global);
+        office.insert(u"Network"_s, network);
+        sets.insert(officeID, office);
+        document.insert(u"Sets"_s, sets);
+    });
 
     auto store = writeStore();
     store->selectLocation(u"Office"_s);
@@ -653,12 +641,9 @@ class LocationsRefused : public LocationsOnShowMac
 {
 protected:
     /// A store whose backend refuses the named operations.
-    [[nodiscard]] std::unique_ptr<VLANStore> storeRefusing(const QSet<QString> &operations)
+    [[nodiscard]] std::unique_ptr<VLANStore> storeRefusing(QSet<QString> operations) const
     {
-        std::shared_ptr<RefusingBackend> refusing;
-        const Platform over = RefusingBackend::platformOver(folder, &refusing);
-        refusing->refused = operations;
-        return std::make_unique<VLANStore>(over);
+        return std::make_unique<VLANStore>(RefusingBackend::over(*platform, std::move(operations)));
     }
 };
 
