@@ -6,6 +6,8 @@
 #include "VLANKit/IPConfig.h"
 #include "VLANKit/IPv6Mode.h"
 #include "VLANKit/InternetMarks.h"
+#include "VLANKit/LocationCopy.h"
+#include "VLANKit/LocationRecord.h"
 #include "VLANKit/Plan.h"
 #include "VLANKit/Profile.h"
 #include "VLANKit/ServiceRecord.h"
@@ -152,8 +154,40 @@ public:
     /// Stages the whole plan, checks frame sizes, and commits: all of it, or nothing.
     void execute(const Plan &plan);
 
+    // Locations.
+    /// Every Location, sorted by name.
+    [[nodiscard]] QList<LocationRecord> locations() const;
+    /// The Location the session works on, if it is one.
+    [[nodiscard]] std::optional<LocationRecord> activeLocation() const;
+    /// Points the session at the named Location. Throws `locationNotFound`, or
+    /// `operationFailed` when the name matches several Locations but none exactly.
+    void selectLocation(const QString &name);
+    /// Makes a Location, with a service for each attached adapter when `populate`, selects it
+    /// and gives its identifier.
+    QString createLocation(const QString &name, bool populate);
+    /// Copies a Location service by service under a new name, and selects the copy.
+    LocationCopy duplicateLocation(const QString &name, const QString &newName);
+    void renameLocation(const QString &name, const QString &newName);
+    /// Removes a Location that isn't in use, with the services that no other Location holds.
+    void removeLocation(const QString &name);
+    /// Makes the Location under view the one the machine uses. Throws `noCurrentSet`.
+    void makeSelectedLocationCurrent();
+
     // Hardware settings.
+    /// What the interface can be told: for a VLAN, no media and its parent's frame sizes.
+    [[nodiscard]] std::optional<HardwareCapabilities> offers(const InterfaceRef &interface) const;
+    /// The frame sizes that the parent of the VLAN of that kernel name takes.
     [[nodiscard]] std::optional<ClosedRange> frameRange(const QString &vlanBSD) const;
+    /// What the interface of a service of this Location can be told.
+    [[nodiscard]] std::optional<HardwareCapabilities>
+    hardwareCapabilities(const QString &serviceID) const;
+    /// The frame sizes of each adapter that can carry a VLAN, by kernel name.
+    [[nodiscard]] QHash<QString, ClosedRange> adapterFrameRanges() const;
+    /// The settings merged into an interface's configuration, other keys kept; nothing when
+    /// nothing is left, which clears the configuration.
+    [[nodiscard]] static std::optional<QVariantMap>
+    configuration(const std::optional<QVariantMap> &existing, const HardwareSettings &settings);
+    /// Throws `operationFailed` when the service, its interface or its driver can't take them.
     void setHardware(const HardwareSettings &settings, const QString &serviceID,
                      const QString &name);
 

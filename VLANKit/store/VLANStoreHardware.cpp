@@ -1,0 +1,133 @@
+#include "VLANKit/VLANError.h"
+#include "VLANKit/platform/PlatformBackend.h"
+#include "VLANKit/platform/PlatformConstants.h"
+#include "VLANKit/store/PlatformLists.h"
+#include "VLANKit/store/VLANStore.h"
+
+using namespace Qt::StringLiterals;
+
+namespace VLANKit {
+
+namespace {
+
+// The service of that identifier, if the set holds it: found by identifier, then checked for
+// membership, as the staging look-ups do.
+ServiceRef memberService(PlatformBackend &platform, const SessionRef &prefs, const SetRef &set,
+                         const QString &serviceID)
+{
+    if (!platform.scNetworkServiceCopy(prefs, serviceID))
+        return {};
+    for (const ServiceRef &member : presentHandles(platform.scNetworkSetCopyServices(set))) {
+        if (platform.scNetworkServiceGetServiceID(member) == serviceID)
+            return member;
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interface) const
+{
+    auto capabilities = driverCapabilities(interface);
+    if (!capabilities)
+        return std::nullopt;
+    const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
+    if (bsdName && (isVLAN(interface) || bsdName->startsWith(u"vlan"_s))) {
+        // A VLAN has no media of its own, and takes the frame sizes its parent takes.
+        capabilities->speeds.clear();
+        if (const auto range = frameRange(*bsdName))
+            capabilities->mtuRange = range;
+    }
+    return capabilities;
+}
+
+std::optional<ClosedRange> VLANStore::frameRange(const QString &vlanBSD) const
+{
+    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
+        if (m_platform->scNetworkInterfaceGetBSDName(vlan) != vlanBSD)
+            continue;
+        const InterfaceRef parent = m_platform->scVLANInterfaceGetPhysicalInterface(vlan);
+        if (!parent)
+            return std::nullopt;
+        const auto capabilities = driverCapabilities(parent);
+        return capabilities ? capabilities->mtuRange : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+std::optional<HardwareCapabilities> VLANStore::hardwareCapabilities(const QString &serviceID) const
+{
+    const SetRef set = targetSet();
+    if (!set)
+        return std::nullopt;
+    const ServiceRef service = memberService(*m_platform, m_prefs, set, serviceID);
+    const InterfaceRef interface =
+        service ? m_platform->scNetworkServiceGetInterface(service) : InterfaceRef();
+    if (!interface || !hasSettableHardware(interface))
+        return std::nullopt;
+    return offers(interface);
+}
+
+QHash<QString, ClosedRange> VLANStore::adapterFrameRanges() const
+{
+    QHash<QString, ClosedRange> ranges;
+    for (const InterfaceRef &adapter : vlanCapableInterfaces()) {
+        const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(adapter);
+        if (!bsdName)
+            continue;
+        const auto capabilities = driverCapabilities(adapter);
+        if (capabilities && capabilities->mtuRange)
+            ranges.insert(*bsdName, *capabilities->mtuRange);
+    }
+    return ranges;
+}
+
+std::optional<QVariantMap> VLANStore::configuration(const std::optional<QVariantMap> &existing,
+                                                    const HardwareSettings &settings)
+{
+    QVariantMap merged = existing.value_or(QVariantMap());
+    if (settings.mtu)
+        merged.insert(kSCPropNetEthernetMTU, QVariant::fromValue(*settings.mtu));
+    else
+        merged.remove(kSCPropNetEthernetMTU);
+    if (settings.speed) {
+        merged.insert(kSCPropNetEthernetMediaSubType, *settings.speed);
+        // Written even when empty: the system sets media only when both keys are there.
+        merged.insert(kSCPropNetEthernetMediaOptions, variantList(settings.duplex));
+    } else {
+        merged.remove(kSCPropNetEthernetMediaSubType);
+        merged.remove(kSCPropNetEthernetMediaOptions);
+    }
+    if (merged.isEmpty())
+        return std::nullopt;
+    return merged;
+}
+
+void VLANStore::setHardware(const HardwareSettings &settings, const QString &serviceID,
+                            const QString &name)
+{
+    const ServiceRef service = requireService(serviceID, name);
+    const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
+    if (!interface || !hasSettableHardware(interface)) {
+        throw VLANError::operationFailed(name
+                                         + u" has no hardware settings this app can change."_s);
+    }
+    // Automatic settings need no driver's word, so an adapter that is away can be reset.
+    if (settings.mtu || settings.speed) {
+        const auto capabilities = offers(interface);
+        if (!capabilities) {
+            throw VLANError::operationFailed(
+                name + u" isn't attached, so there is no telling what its hardware takes."_s);
+        }
+        if (const auto problem = capabilities->problem(settings))
+            throw VLANError::operationFailed(name + u": "_s + *problem);
+    }
+    const auto merged =
+        configuration(m_platform->scNetworkInterfaceGetConfiguration(interface), settings);
+    if (!m_platform->scNetworkInterfaceSetConfiguration(interface, merged)) {
+        throw VLANError::operationFailed(u"Could not set the hardware settings of "_s + name
+                                         + u"."_s);
+    }
+}
+
+} // namespace VLANKit
