@@ -14,6 +14,7 @@
 #include "VLANKit/VLANRecord.h"
 #include "VLANKit/platform/PlatformHandle.h"
 #include "VLANKit/store/ServiceDetails.h"
+#include "VLANKit/store/StoreTables.h"
 
 #include <QHash>
 #include <QList>
@@ -55,7 +56,11 @@ public:
     [[nodiscard]] bool isWritable() const { return m_isWritable; }
     /// The Location under view; absent means the system's current set.
     [[nodiscard]] const std::optional<QString> &selectedSetID() const { return m_selectedSetID; }
-    void setSelectedSetID(std::optional<QString> setID) { m_selectedSetID = std::move(setID); }
+    void setSelectedSetID(std::optional<QString> setID);
+
+    /// In this mode every kept table is compared with a fresh computation at each use, and a
+    /// difference throws `std::logic_error`: the tests run with it on.
+    static void setVerifyingTables(bool verifying);
 
     /// The store's view of the machine's hardware; each may be replaced from outside.
     InterfaceList vlanCapableInterfaces;
@@ -218,11 +223,25 @@ private:
                                         const QString &fallback) const;
     [[nodiscard]] QString bsdNameOrDash(const InterfaceRef &interface) const;
 
+    // The kept tables, and the fresh computations behind them.
+    [[nodiscard]] const QHash<QString, InterfaceRef> &vlansByBSD() const;
+    [[nodiscard]] const QHash<QString, ServiceRef> &targetServicesByID() const;
+    [[nodiscard]] const QHash<QString, ServiceRef> &targetServicesByBSD() const;
+    [[nodiscard]] const QStringList &targetOrder(const SetRef &target) const;
+    [[nodiscard]] const QHash<QString, qint64> &parentCounts() const;
+    [[nodiscard]] const QSet<QString> &adapterLabelSet() const;
+    [[nodiscard]] QHash<QString, QString> computeServiceNameIndex() const;
+    [[nodiscard]] QHash<QString, QSet<QString>> computeServiceNamesEverywhere() const;
+    [[nodiscard]] QString computeAdapterLabel(const QString &bsdName) const;
+    [[nodiscard]] bool isTarget(const SetRef &set) const;
+    void serviceMade(const ServiceRef &service, const InterfaceRef &interface);
+
     std::shared_ptr<PlatformBackend> m_platform;
     SessionRef m_prefs;
     bool m_isWritable = false;
     std::optional<QString> m_selectedSetID;
     InterfaceTest m_canHostService;
+    mutable StoreTables m_tables;
 };
 
 } // namespace VLANKit

@@ -8,24 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace VLANKit {
 
-namespace {
-
-// The service of that identifier, if the set holds it: found by identifier, then checked for
-// membership, as the staging look-ups do.
-ServiceRef memberService(PlatformBackend &platform, const SessionRef &prefs, const SetRef &set,
-                         const QString &serviceID)
-{
-    if (!platform.scNetworkServiceCopy(prefs, serviceID))
-        return {};
-    for (const ServiceRef &member : presentHandles(platform.scNetworkSetCopyServices(set))) {
-        if (platform.scNetworkServiceGetServiceID(member) == serviceID)
-            return member;
-    }
-    return {};
-}
-
-} // namespace
-
 std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interface) const
 {
     auto capabilities = driverCapabilities(interface);
@@ -43,16 +25,13 @@ std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interf
 
 std::optional<ClosedRange> VLANStore::frameRange(const QString &vlanBSD) const
 {
-    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
-        if (m_platform->scNetworkInterfaceGetBSDName(vlan) != vlanBSD)
-            continue;
-        const InterfaceRef parent = m_platform->scVLANInterfaceGetPhysicalInterface(vlan);
-        if (!parent)
-            return std::nullopt;
-        const auto capabilities = driverCapabilities(parent);
-        return capabilities ? capabilities->mtuRange : std::nullopt;
-    }
-    return std::nullopt;
+    const InterfaceRef vlan = vlansByBSD().value(vlanBSD);
+    const InterfaceRef parent =
+        vlan ? m_platform->scVLANInterfaceGetPhysicalInterface(vlan) : InterfaceRef();
+    if (!parent)
+        return std::nullopt;
+    const auto capabilities = driverCapabilities(parent);
+    return capabilities ? capabilities->mtuRange : std::nullopt;
 }
 
 std::optional<HardwareCapabilities> VLANStore::hardwareCapabilities(const QString &serviceID) const
@@ -60,7 +39,7 @@ std::optional<HardwareCapabilities> VLANStore::hardwareCapabilities(const QStrin
     const SetRef set = targetSet();
     if (!set)
         return std::nullopt;
-    const ServiceRef service = memberService(*m_platform, m_prefs, set, serviceID);
+    const ServiceRef service = targetServicesByID().value(serviceID);
     const InterfaceRef interface =
         service ? m_platform->scNetworkServiceGetInterface(service) : InterfaceRef();
     if (!interface || !hasSettableHardware(interface))

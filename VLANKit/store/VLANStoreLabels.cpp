@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace VLANKit {
 
-QString VLANStore::adapterLabel(const QString &bsdName) const
+QString VLANStore::computeAdapterLabel(const QString &bsdName) const
 {
     for (const AdapterRecord &adapter : availableAdapters()) {
         if (adapter.bsdName == bsdName)
@@ -23,7 +23,7 @@ QString VLANStore::adapterLabel(const QString &bsdName) const
     return words.isEmpty() ? bsdName : words.first();
 }
 
-QHash<QString, QSet<QString>> VLANStore::serviceNamesEverywhere() const
+QHash<QString, QSet<QString>> VLANStore::computeServiceNamesEverywhere() const
 {
     QHash<QString, QSet<QString>> names;
     for (const SetRef &set : allSets()) {
@@ -39,13 +39,16 @@ QHash<QString, QSet<QString>> VLANStore::serviceNamesEverywhere() const
 
 QSet<QString> VLANStore::knownAdapterLabels() const
 {
-    QSet<QString> labels;
-    for (const AdapterRecord &adapter : availableAdapters())
-        labels.insert(AdapterNaming::label(adapter));
+    QSet<QString> labels = adapterLabelSet();
+    // Every adapter that carries a VLAN, by kernel name and by the first word of each name its
+    // services bear in any Location.
     const QHash<QString, QSet<QString>> everywhere = serviceNamesEverywhere();
-    for (const VLANRecord &vlan : vlans()) {
-        labels.insert(vlan.parentBSD);
-        for (const QString &name : everywhere.value(vlan.parentBSD)) {
+    const QHash<QString, qint64> &parents = parentCounts();
+    for (auto parent = parents.cbegin(); parent != parents.cend(); ++parent) {
+        if (parent.value() <= 0)
+            continue;
+        labels.insert(parent.key());
+        for (const QString &name : everywhere.value(parent.key())) {
             const QStringList words = splitAtBlanks(name);
             if (!words.isEmpty())
                 labels.insert(words.first());
@@ -62,6 +65,7 @@ void VLANStore::renameAdapter(const QString &bsdName, const QString &name)
         throw VLANError::operationFailed(u"An adapter needs a name."_s);
     // Retired before anything changes, so that names carrying the old label are still known.
     retiredLabels.insert(adapterLabel(bsdName));
+    m_tables.dropNames();
     int named = 0;
     for (const SetRef &set : allSets()) {
         for (const ServiceRef &service : servicesOf(set)) {

@@ -34,16 +34,6 @@ QString newSetID(PlatformBackend &platform, const SetRef &set)
     return *setID;
 }
 
-QSet<QString> vlanNames(PlatformBackend &platform, const SessionRef &prefs)
-{
-    QSet<QString> names;
-    for (const InterfaceRef &vlan : presentHandles(platform.scVLANInterfaceCopyAll(prefs))) {
-        if (const auto bsdName = platform.scNetworkInterfaceGetBSDName(vlan))
-            names.insert(*bsdName);
-    }
-    return names;
-}
-
 // The set of a record, looked up by its identifier.
 SetRef setOf(PlatformBackend &platform, const SessionRef &prefs, const LocationRecord &record)
 {
@@ -59,7 +49,7 @@ QList<LocationRecord> VLANStore::locations() const
 {
     const SetRef current = m_platform->scNetworkSetCopyCurrent(m_prefs);
     const auto currentID = current ? m_platform->scNetworkSetGetSetID(current) : std::nullopt;
-    const QSet<QString> vlanBSDNames = vlanNames(*m_platform, m_prefs);
+    const QHash<QString, InterfaceRef> &vlanBSDNames = vlansByBSD();
     QList<LocationRecord> records;
     for (const SetRef &set : allSets()) {
         LocationRecord record;
@@ -101,7 +91,7 @@ void VLANStore::selectLocation(const QString &name)
     const auto record = LocationNames::location(name, records);
     if (!record)
         throw LocationNames::notFound(name, records);
-    m_selectedSetID = record->setID;
+    setSelectedSetID(record->setID);
 }
 
 QString VLANStore::createLocation(const QString &name, bool populate)
@@ -131,7 +121,8 @@ QString VLANStore::createLocation(const QString &name, bool populate)
         }
     }
     QString setID = newSetID(*m_platform, set);
-    m_selectedSetID = setID;
+    m_tables.dropServices();
+    setSelectedSetID(setID);
     return setID;
 }
 
@@ -143,7 +134,7 @@ LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &ne
     if (!source)
         throw LocationNames::notFound(name, records);
     const QList<ServiceRef> sourceServices = orderedServices(source);
-    const QSet<QString> vlanBSDNames = vlanNames(*m_platform, m_prefs);
+    const QHash<QString, InterfaceRef> &vlanBSDNames = vlansByBSD();
     const SetRef copySet = makeLocation(*this, newName);
 
     // Service by service, with new identifiers: a service can't be shared between Locations
@@ -202,7 +193,8 @@ LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &ne
     }
     (void)m_platform->scNetworkSetSetServiceOrder(copySet, order);
     copy.setID = newSetID(*m_platform, copySet);
-    m_selectedSetID = copy.setID;
+    m_tables.dropServices();
+    setSelectedSetID(copy.setID);
     return copy;
 }
 
@@ -253,8 +245,9 @@ void VLANStore::removeLocation(const QString &name)
     }
     if (!m_platform->scNetworkSetRemove(set))
         throw VLANError::operationFailed(u"Could not remove Location '"_s + name + u"'."_s);
+    m_tables.dropServices();
     if (m_selectedSetID == record->setID)
-        m_selectedSetID.reset();
+        setSelectedSetID(std::nullopt);
 }
 
 void VLANStore::makeSelectedLocationCurrent()

@@ -48,6 +48,12 @@ QString VLANStore::createVLAN(qint64 tag, const QString &name, const QString &ad
                                          + adapterBSD
                                          + u" (tag already in use on that device?)."_s);
     }
+    if (m_tables.vlanByBSD) {
+        if (const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(vlan))
+            m_tables.vlanByBSD->insert(*bsdName, vlan);
+    }
+    if (m_tables.parentCounts)
+        ++(*m_tables.parentCounts)[adapterBSD];
     const QString composed =
         AdapterNaming::compose(name, adapterLabel(adapterBSD), knownAdapterLabels());
     (void)m_platform->scVLANInterfaceSetLocalizedDisplayName(vlan, composed);
@@ -71,10 +77,17 @@ void VLANStore::reparent(const VLANRecord &record, const QString &adapterBSD)
     const QString present = displayNameOr(vlan, record.name);
     const QString composed =
         AdapterNaming::compose(present, adapterLabel(adapterBSD), knownAdapterLabels());
+    const QString oldParent = bsdNameOrDash(m_platform->scVLANInterfaceGetPhysicalInterface(vlan));
     if (!m_platform->scVLANInterfaceSetPhysicalInterfaceAndTag(vlan, adapter, record.tag)) {
         throw VLANError::operationFailed(u"Could not re-parent '"_s + record.name + u"' onto "_s
                                          + adapterBSD + u'.');
     }
+    if (m_tables.parentCounts) {
+        --(*m_tables.parentCounts)[oldParent];
+        ++(*m_tables.parentCounts)[adapterBSD];
+    }
+    // The interface's own name takes part in which service name an interface is known by.
+    m_tables.nameIndex.reset();
     (void)m_platform->scVLANInterfaceSetLocalizedDisplayName(vlan, composed);
 }
 
@@ -104,6 +117,7 @@ void VLANStore::removeVLAN(qint64 tag, const QString &bsdName)
         throw noVLAN(tag, bsdName);
     // A VLAN takes all its services with it, in every Location.
     removeServices({bsdName});
+    m_tables.dropAll();
     if (!m_platform->scVLANInterfaceRemove(vlan)) {
         throw VLANError::operationFailed(u"Could not remove VLAN "_s + number(tag) + u" ("_s
                                          + bsdName + u")."_s);
@@ -121,6 +135,8 @@ void VLANStore::renameVLAN(qint64 tag, const QString &bsdName, const QString &na
         throw noVLAN(tag, bsdName);
     if (!m_platform->scVLANInterfaceSetLocalizedDisplayName(vlan, trimmed))
         throw VLANError::operationFailed(u"Could not rename VLAN "_s + number(tag) + u'.');
+    m_tables.nameIndex.reset();
+    m_tables.namesEverywhere.reset();
     if (const ServiceRef service = findService(bsdName))
         (void)m_platform->scNetworkServiceSetName(service, trimmed);
 }
@@ -249,6 +265,7 @@ void VLANStore::removeService(const QString &serviceID, const QString &name)
         if (shared)
             break;
     }
+    m_tables.dropServices();
     if (!m_platform->scNetworkSetRemoveService(set, service))
         throw VLANError::operationFailed(u"Could not take "_s + name + u" out of this Location."_s);
     if (!shared)
@@ -272,6 +289,7 @@ ServiceRef VLANStore::makeService(const InterfaceRef &interface, const QString &
         throw VLANError::operationFailed(u"Could not add '"_s + name
                                          + u"' to the current location."_s);
     }
+    serviceMade(service, interface);
     moveToEndOfOrder(service, set);
     return service;
 }
@@ -280,6 +298,7 @@ void VLANStore::removeServices(const QSet<QString> &bsdNames)
 {
     if (bsdNames.isEmpty())
         return;
+    m_tables.dropServices();
     for (const SetRef &set : allSets()) {
         QList<ServiceRef> bound;
         for (const ServiceRef &service : servicesOf(set)) {
@@ -359,11 +378,7 @@ bool VLANStore::writeDNS(const std::optional<QStringList> &servers,
 
 QStringList VLANStore::pruneOrphanedVLANServices()
 {
-    QSet<QString> present;
-    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
-        if (const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(vlan))
-            present.insert(*bsdName);
-    }
+    const QHash<QString, InterfaceRef> &present = vlansByBSD();
     QSet<QString> orphans;
     for (const SetRef &set : allSets()) {
         for (const ServiceRef &service : servicesOf(set)) {

@@ -54,10 +54,19 @@ void VLANStore::moveToEndOfOrder(const ServiceRef &service, const SetRef &set)
     const auto id = m_platform->scNetworkServiceGetServiceID(service);
     if (!id)
         return;
-    QStringList order = stringArray(m_platform->scNetworkSetGetServiceOrder(set));
+    // The target's order is kept, so that thousands of new services don't each read it anew.
+    const bool target = isTarget(set);
+    QStringList order =
+        target ? targetOrder(set) : stringArray(m_platform->scNetworkSetGetServiceOrder(set));
     order.removeAll(*id);
     order.append(*id);
-    (void)m_platform->scNetworkSetSetServiceOrder(set, order);
+    const bool written = m_platform->scNetworkSetSetServiceOrder(set, order);
+    m_tables.orderAwaiting.reset();
+    // A kept order is exact only when the written list had nothing for the system to mend.
+    if (target && written && QSet<QString>(order.cbegin(), order.cend()).size() == order.size())
+        m_tables.targetOrder = order;
+    else
+        m_tables.targetOrder.reset();
 }
 
 QList<InternetMarks::Candidate> VLANStore::internetCandidates() const
@@ -136,6 +145,7 @@ void VLANStore::setServiceOrder(const QStringList &serviceIDs)
     const SetRef set = targetSet();
     if (!set)
         throw VLANError::noCurrentSet();
+    m_tables.targetOrder.reset();
     if (!m_platform->scNetworkSetSetServiceOrder(set, serviceIDs))
         throw VLANError::operationFailed(u"Could not set the service order."_s);
 }

@@ -150,7 +150,7 @@ QList<ServiceRecord> VLANStore::services() const
     return records;
 }
 
-QHash<QString, QString> VLANStore::serviceNameIndex() const
+QHash<QString, QString> VLANStore::computeServiceNameIndex() const
 {
     const SetRef target = targetSet();
     const auto targetID = target ? m_platform->scNetworkSetGetSetID(target) : std::nullopt;
@@ -257,40 +257,23 @@ QStringList VLANStore::orphanedParents() const
 
 InterfaceRef VLANStore::findVLAN(qint64 tag, const QString &bsdName) const
 {
-    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
-        if (m_platform->scVLANInterfaceGetTag(vlan) == tag
-            && m_platform->scNetworkInterfaceGetBSDName(vlan) == bsdName)
-            return vlan;
-    }
-    return {};
+    const InterfaceRef vlan = vlansByBSD().value(bsdName);
+    if (!vlan || m_platform->scVLANInterfaceGetTag(vlan) != tag)
+        return {};
+    return vlan;
 }
 
 ServiceRef VLANStore::findService(const QString &vlanBSD) const
 {
-    const SetRef set = targetSet();
-    if (!set)
-        return {};
-    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
-        const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
-        if (interface && m_platform->scNetworkInterfaceGetBSDName(interface) == vlanBSD)
-            return service;
-    }
-    return {};
+    return targetServicesByBSD().value(vlanBSD);
 }
 
 ServiceRef VLANStore::requireService(const QString &serviceID, const QString &name) const
 {
-    const SetRef set = targetSet();
-    if (!set)
+    if (!targetSet())
         throw VLANError::noCurrentSet();
-    // Found by identifier anywhere, then checked for membership of the Location.
-    const ServiceRef service = m_platform->scNetworkServiceCopy(m_prefs, serviceID);
-    if (service) {
-        for (const ServiceRef &member : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
-            if (m_platform->scNetworkServiceGetServiceID(member) == serviceID)
-                return member;
-        }
-    }
+    if (const ServiceRef service = targetServicesByID().value(serviceID))
+        return service;
     throw VLANError::operationFailed(name + u" has no service in this Location."_s);
 }
 

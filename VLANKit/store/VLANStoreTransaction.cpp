@@ -99,14 +99,7 @@ void VLANStore::checkFrameSizes(const QString &vlanBSD)
     const auto range = frameRange(vlanBSD);
     if (!range)
         return;
-    InterfaceRef vlan;
-    for (const InterfaceRef &candidate :
-         presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
-        if (m_platform->scNetworkInterfaceGetBSDName(candidate) == vlanBSD) {
-            vlan = candidate;
-            break;
-        }
-    }
+    const InterfaceRef vlan = vlansByBSD().value(vlanBSD);
     if (!vlan)
         return;
     const QString name = displayNameOr(vlan, vlanBSD);

@@ -20,6 +20,10 @@
 class StoreTest : public ::testing::Test
 {
 protected:
+    // Every kept table of every store is checked against a fresh computation at each use.
+    StoreTest() { VLANKit::VLANStore::setVerifyingTables(true); }
+    ~StoreTest() override { VLANKit::VLANStore::setVerifyingTables(false); }
+
     /// Copies a folder of the repository and chooses the document backend over the copy.
     void openCopyOf(const QString &repositoryFolder = QStringLiteral("examples/show-mac"));
     /// Writes a machine with `count` VLANs on en5, each with a manual service in the one

@@ -1,0 +1,223 @@
+#include "VLANKit/AdapterNaming.h"
+#include "VLANKit/TextRules.h"
+#include "VLANKit/platform/PlatformBackend.h"
+#include "VLANKit/store/PlatformLists.h"
+#include "VLANKit/store/VLANStore.h"
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace VLANKit {
+
+namespace {
+
+bool verifyingTables = false;
+
+// A kept table, or a fresh one kept from now on. In the verifying mode a kept table is compared
+// with a fresh computation, through `describe`, which turns either into comparable text.
+template <typename Table, typename Compute, typename Describe>
+const Table &kept(std::optional<Table> &slot, const char *what, Compute compute, Describe describe)
+{
+    if (!slot) {
+        slot = compute();
+    } else if (verifyingTables && describe(*slot) != describe(compute())) {
+        throw std::logic_error(std::string("the store's kept table differs from a fresh one: ")
+                               + what);
+    }
+    return *slot;
+}
+
+template <typename Table, typename Compute>
+const Table &kept(std::optional<Table> &slot, const char *what, Compute compute)
+{
+    return kept(slot, what, compute, [](const Table &table) { return table; });
+}
+
+} // namespace
+
+void VLANStore::setVerifyingTables(bool verifying)
+{
+    verifyingTables = verifying;
+}
+
+void VLANStore::setSelectedSetID(std::optional<QString> setID)
+{
+    if (setID != m_selectedSetID)
+        m_tables.dropTarget();
+    m_selectedSetID = std::move(setID);
+}
+
+bool VLANStore::isTarget(const SetRef &set) const
+{
+    const SetRef target = targetSet();
+    return target && set
+           && m_platform->scNetworkSetGetSetID(set) == m_platform->scNetworkSetGetSetID(target);
+}
+
+const QHash<QString, InterfaceRef> &VLANStore::vlansByBSD() const
+{
+    const auto describe = [this](const QHash<QString, InterfaceRef> &table) {
+        QMap<QString, qint64> tags;
+        for (auto it = table.cbegin(); it != table.cend(); ++it)
+            tags.insert(it.key(), m_platform->scVLANInterfaceGetTag(it.value()).value_or(-1));
+        return tags;
+    };
+    return kept(
+        m_tables.vlanByBSD, "VLANs by kernel name",
+        [this] {
+            QHash<QString, InterfaceRef> table;
+            for (const InterfaceRef &vlan :
+                 presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
+                const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(vlan);
+                if (bsdName && !table.contains(*bsdName))
+                    table.insert(*bsdName, vlan);
+            }
+            return table;
+        },
+        describe);
+}
+
+const QHash<QString, ServiceRef> &VLANStore::targetServicesByID() const
+{
+    const auto describe = [this](const QHash<QString, ServiceRef> &table) {
+        QMap<QString, QString> names;
+        for (auto it = table.cbegin(); it != table.cend(); ++it)
+            names.insert(it.key(),
+                         m_platform->scNetworkServiceGetName(it.value()).value_or(QString()));
+        return names;
+    };
+    return kept(
+        m_tables.targetByID, "the Location's services by identifier",
+        [this] {
+            QHash<QString, ServiceRef> table;
+            if (const SetRef set = targetSet()) {
+                for (const ServiceRef &service : servicesOf(set)) {
+                    const auto id = m_platform->scNetworkServiceGetServiceID(service);
+                    if (id && !table.contains(*id))
+                        table.insert(*id, service);
+                }
+            }
+            return table;
+        },
+        describe);
+}
+
+const QHash<QString, ServiceRef> &VLANStore::targetServicesByBSD() const
+{
+    const auto describe = [this](const QHash<QString, ServiceRef> &table) {
+        QMap<QString, QString> ids;
+        for (auto it = table.cbegin(); it != table.cend(); ++it)
+            ids.insert(it.key(),
+                       m_platform->scNetworkServiceGetServiceID(it.value()).value_or(QString()));
+        return ids;
+    };
+    return kept(
+        m_tables.targetByBSD, "the Location's services by kernel name",
+        [this] {
+            QHash<QString, ServiceRef> table;
+            if (const SetRef set = targetSet()) {
+                for (const ServiceRef &service : servicesOf(set)) {
+                    const auto bsdName = interfaceBSDOf(service);
+                    if (bsdName && !table.contains(*bsdName))
+                        table.insert(*bsdName, service);
+                }
+            }
+            return table;
+        },
+        describe);
+}
+
+const QStringList &VLANStore::targetOrder(const SetRef &target) const
+{
+    // Where the system put the service that is about to move to the end doesn't matter.
+    const auto describe = [this](const QStringList &order) {
+        QStringList compared = order;
+        if (m_tables.orderAwaiting)
+            compared.removeAll(*m_tables.orderAwaiting);
+        return compared;
+    };
+    return kept(
+        m_tables.targetOrder, "the Location's service order",
+        [&] { return stringArray(m_platform->scNetworkSetGetServiceOrder(target)); }, describe);
+}
+
+const QHash<QString, qint64> &VLANStore::parentCounts() const
+{
+    return kept(m_tables.parentCounts, "VLANs per adapter", [this] {
+        QHash<QString, qint64> counts;
+        for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs)))
+            ++counts[bsdNameOrDash(m_platform->scVLANInterfaceGetPhysicalInterface(vlan))];
+        return counts;
+    });
+}
+
+const QSet<QString> &VLANStore::adapterLabelSet() const
+{
+    return kept(m_tables.adapterLabelSet, "the adapters' labels", [this] {
+        QSet<QString> labels;
+        for (const AdapterRecord &adapter : availableAdapters())
+            labels.insert(AdapterNaming::label(adapter));
+        return labels;
+    });
+}
+
+QHash<QString, QString> VLANStore::serviceNameIndex() const
+{
+    return kept(m_tables.nameIndex, "the service name index",
+                [this] { return computeServiceNameIndex(); });
+}
+
+QHash<QString, QSet<QString>> VLANStore::serviceNamesEverywhere() const
+{
+    return kept(m_tables.namesEverywhere, "service names in every Location",
+                [this] { return computeServiceNamesEverywhere(); });
+}
+
+QString VLANStore::adapterLabel(const QString &bsdName) const
+{
+    if (!m_tables.adapterLabels)
+        m_tables.adapterLabels.emplace();
+    const auto found = m_tables.adapterLabels->constFind(bsdName);
+    if (found == m_tables.adapterLabels->constEnd())
+        return *m_tables.adapterLabels->insert(bsdName, computeAdapterLabel(bsdName));
+    if (verifyingTables && *found != computeAdapterLabel(bsdName))
+        throw std::logic_error("the store's kept table differs from a fresh one: labels");
+    return *found;
+}
+
+// A service was just made in the target set, on an interface that had no service there: the
+// tables take it in as a fresh computation would.
+void VLANStore::serviceMade(const ServiceRef &service, const InterfaceRef &interface)
+{
+    const auto id = m_platform->scNetworkServiceGetServiceID(service);
+    const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
+    const QString name = m_platform->scNetworkServiceGetName(service).value_or(QString());
+    if (m_tables.targetByID && id && !m_tables.targetByID->contains(*id))
+        m_tables.targetByID->insert(*id, service);
+    if (m_tables.targetByBSD && bsdName && !m_tables.targetByBSD->contains(*bsdName))
+        m_tables.targetByBSD->insert(*bsdName, service);
+    if (m_tables.targetOrder && id)
+        m_tables.orderAwaiting = id;
+    else
+        m_tables.targetOrder.reset();
+    if (bsdName && !name.isEmpty()) {
+        if (m_tables.namesEverywhere)
+            (*m_tables.namesEverywhere)[*bsdName].insert(name);
+        if (m_tables.nameIndex) {
+            // The Location under view is read last, so its name wins, save over a chosen name
+            // when it is only the interface's own.
+            const auto entry = m_tables.nameIndex->constFind(*bsdName);
+            const auto display = m_platform->scNetworkInterfaceGetLocalizedDisplayName(interface);
+            if (entry == m_tables.nameIndex->constEnd() || name != display || *entry == display)
+                m_tables.nameIndex->insert(*bsdName, name);
+        }
+    }
+    // An adapter's new service can change its label; a VLAN is no adapter.
+    if (!isVLAN(interface)) {
+        m_tables.adapterLabelSet.reset();
+        m_tables.adapterLabels.reset();
+    }
+}
+
+} // namespace VLANKit
