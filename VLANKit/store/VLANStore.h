@@ -201,6 +201,9 @@ public:
     [[nodiscard]] const SessionRef &prefs() const { return m_prefs; }
 
 private:
+    /// Tests reach the private writers through this, to check what no public road can ask.
+    friend struct VLANStoreInternals;
+
     void installDefaults();
     ServiceRef makeService(const InterfaceRef &interface, const QString &name, const SetRef &set);
     void removeServices(const QSet<QString> &bsdNames);
