@@ -53,14 +53,14 @@ void DocumentBackend::succeed()
     m_statusDescription.clear();
 }
 
-DocumentSession *DocumentBackend::sessionOf(const SessionRef &session)
+const std::shared_ptr<DocumentSession> *DocumentBackend::sessionOf(const SessionRef &session)
 {
     const auto *object = session.as<DocumentSessionObject>();
     if (!object || &object->session->machine() != m_machine.get()) {
         fail(kSCStatusNoPrefsSession);
         return nullptr;
     }
-    return object->session.get();
+    return &object->session;
 }
 
 bool DocumentBackend::indexAgreesWithDocument(const SessionRef &session)
@@ -153,9 +153,10 @@ bool DocumentBackend::lockAndCheck(DocumentSession &session, PreferencesLock &lo
 
 bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
 {
-    DocumentSession *held = sessionOf(session);
-    if (!held)
+    const auto *pointer = sessionOf(session);
+    if (!pointer)
         return false;
+    DocumentSession *held = pointer->get();
     // Only an authorized session may change the system's settings, as for any process that
     // is not root.
     if (!held->isAuthorized())
@@ -178,9 +179,10 @@ bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
 
 bool DocumentBackend::scPreferencesApplyChanges(const SessionRef &session)
 {
-    DocumentSession *held = sessionOf(session);
-    if (!held)
+    const auto *pointer = sessionOf(session);
+    if (!pointer)
         return false;
+    DocumentSession *held = pointer->get();
     if (!held->isAuthorized())
         return fail(kSCStatusAccessError);
     PreferencesLock lock;

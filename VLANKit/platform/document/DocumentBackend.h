@@ -159,7 +159,8 @@ private:
     /// Notes a failure; answers false for the callers that return it.
     bool fail(int code, QString description = {});
     void succeed();
-    [[nodiscard]] DocumentSession *sessionOf(const SessionRef &session);
+    /// The session behind a handle of this backend; null, noted as a failure, for any other.
+    [[nodiscard]] const std::shared_ptr<DocumentSession> *sessionOf(const SessionRef &session);
     /// The facts of an interface handle, looked up afresh where the handle follows a session.
     [[nodiscard]] std::optional<InterfaceFacts> factsOf(const InterfaceRef &interface);
     /// Takes the lock and checks that nobody committed over the session; false with the code.

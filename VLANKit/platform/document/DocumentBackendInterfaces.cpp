@@ -215,28 +215,26 @@ std::optional<QList<InterfaceRef>> DocumentBackend::scVLANInterfaceCopyAvailable
 std::optional<QList<InterfaceRef>>
 DocumentBackend::scVLANInterfaceCopyAll(const SessionRef &session)
 {
-    const auto *object = session.as<DocumentSessionObject>();
-    if (!object) {
-        fail(kSCStatusNoPrefsSession);
+    const auto *held = sessionOf(session);
+    if (!held)
         return std::nullopt;
-    }
     QList<InterfaceRef> vlans;
-    for (const QString &name : DocumentVLANs::names(*object->session))
-        vlans.append(vlanHandle(object->session, name));
+    for (const QString &name : DocumentVLANs::names(**held))
+        vlans.append(vlanHandle(*held, name));
     return vlans;
 }
 
 InterfaceRef DocumentBackend::scVLANInterfaceCreate(const SessionRef &session,
                                                     const InterfaceRef &physical, qint64 tag)
 {
-    const auto *object = session.as<DocumentSessionObject>();
+    const auto *held = sessionOf(session);
     const std::optional<InterfaceFacts> parent = factsOf(physical);
-    if (!object || !parent) {
+    if (!held || !parent) {
         fail(kSCStatusInvalidArgument);
         return {};
     }
-    const auto name = DocumentVLANs::create(*object->session, *parent, tag, m_status);
-    return name ? vlanHandle(object->session, *name) : InterfaceRef();
+    const auto name = DocumentVLANs::create(**held, *parent, tag, m_status);
+    return name ? vlanHandle(*held, *name) : InterfaceRef();
 }
 
 bool DocumentBackend::scVLANInterfaceRemove(const InterfaceRef &vlan)

@@ -37,19 +37,13 @@ ProtocolRef protocolHandle(const DocumentServiceObject &service, const QString &
     return ProtocolRef(object);
 }
 
-const std::shared_ptr<DocumentSession> *sessionPointer(const SessionRef &session)
-{
-    const auto *object = session.as<DocumentSessionObject>();
-    return object ? &object->session : nullptr;
-}
-
 } // namespace
 
 // Sets.
 
 SetRef DocumentBackend::scNetworkSetCopyCurrent(const SessionRef &session)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     const auto setID = held ? DocumentSets::current(**held) : std::nullopt;
     if (!setID) {
         fail(held ? kSCStatusNoKey : kSCStatusNoPrefsSession);
@@ -60,7 +54,7 @@ SetRef DocumentBackend::scNetworkSetCopyCurrent(const SessionRef &session)
 
 std::optional<QList<SetRef>> DocumentBackend::scNetworkSetCopyAll(const SessionRef &session)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     if (!held) {
         fail(kSCStatusNoPrefsSession);
         return std::nullopt;
@@ -73,7 +67,7 @@ std::optional<QList<SetRef>> DocumentBackend::scNetworkSetCopyAll(const SessionR
 
 SetRef DocumentBackend::scNetworkSetCopy(const SessionRef &session, const QString &setID)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     if (!held || !DocumentSets::exists(**held, setID)) {
         fail(held ? kSCStatusNoKey : kSCStatusNoPrefsSession);
         return {};
@@ -140,7 +134,7 @@ bool DocumentBackend::scNetworkSetSetServiceOrder(const SetRef &set, const QStri
 
 SetRef DocumentBackend::scNetworkSetCreate(const SessionRef &session)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     if (!held) {
         fail(kSCStatusNoPrefsSession);
         return {};
@@ -177,7 +171,7 @@ bool DocumentBackend::scNetworkSetSetCurrent(const SetRef &set)
 ServiceRef DocumentBackend::scNetworkServiceCreate(const SessionRef &session,
                                                    const InterfaceRef &interface)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     const std::optional<InterfaceFacts> facts = factsOf(interface);
     if (!held || !facts) {
         fail(kSCStatusInvalidArgument);
@@ -190,7 +184,7 @@ ServiceRef DocumentBackend::scNetworkServiceCreate(const SessionRef &session,
 ServiceRef DocumentBackend::scNetworkServiceCopy(const SessionRef &session,
                                                  const QString &serviceID)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     if (!held || !DocumentServices::exists(**held, serviceID)) {
         fail(held ? kSCStatusNoKey : kSCStatusNoPrefsSession);
         return {};
@@ -200,7 +194,7 @@ ServiceRef DocumentBackend::scNetworkServiceCopy(const SessionRef &session,
 
 std::optional<QList<ServiceRef>> DocumentBackend::scNetworkServiceCopyAll(const SessionRef &session)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     if (!held) {
         fail(kSCStatusNoPrefsSession);
         return std::nullopt;
