@@ -38,7 +38,11 @@ std::shared_ptr<DocumentBackend> DocumentBackend::open(const QString &folder)
 
 DocumentBackend::DocumentBackend(std::shared_ptr<const DocumentMachine> machine)
     : m_machine(std::move(machine))
-{}
+{
+    // The machine booted before this process started, with the preferences stored then.
+    if (const auto root = readPropertyListFile(m_machine->preferencesPath()))
+        m_bootPreferences = anyMap(*root).value_or(QVariantMap());
+}
 
 bool DocumentBackend::fail(int code, QString description)
 {
@@ -297,12 +301,9 @@ const KernelView &DocumentBackend::kernelView()
             return *m_appliedView;
         }
     }
-    // No state file: what the machine would hold had it booted with the preferences it has.
-    if (!m_bootView) {
-        const std::optional<QVariant> root = readPropertyListFile(m_machine->preferencesPath());
-        m_bootView = KernelView::applying(
-            root ? anyMap(*root).value_or(QVariantMap()) : QVariantMap(), m_machine);
-    }
+    // No state file: what the machine holds after booting with its stored preferences.
+    if (!m_bootView)
+        m_bootView = KernelView::applying(m_bootPreferences, m_machine);
     return *m_bootView;
 }
 
