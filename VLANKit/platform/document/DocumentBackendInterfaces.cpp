@@ -15,15 +15,6 @@ namespace VLANKit {
 
 namespace {
 
-InterfaceRef vlanHandle(const std::shared_ptr<DocumentSession> &session, const QString &name)
-{
-    auto object = std::make_shared<DocumentInterfaceObject>();
-    object->kind = DocumentInterfaceObject::Kind::sessionVLAN;
-    object->session = session;
-    object->key = name;
-    return InterfaceRef(object);
-}
-
 /// A VLAN handle that follows its session, or null.
 const DocumentInterfaceObject *sessionVLAN(const InterfaceRef &vlan)
 {
@@ -220,7 +211,7 @@ DocumentBackend::scVLANInterfaceCopyAll(const SessionRef &session)
         return std::nullopt;
     QList<InterfaceRef> vlans;
     for (const QString &name : DocumentVLANs::names(**held))
-        vlans.append(vlanHandle(*held, name));
+        vlans.append(documentVLANHandle(*held, name));
     return vlans;
 }
 
@@ -234,7 +225,7 @@ InterfaceRef DocumentBackend::scVLANInterfaceCreate(const SessionRef &session,
         return {};
     }
     const auto name = DocumentVLANs::create(**held, *parent, tag, m_status);
-    return name ? vlanHandle(*held, *name) : InterfaceRef();
+    return name ? documentVLANHandle(*held, *name) : InterfaceRef();
 }
 
 bool DocumentBackend::scVLANInterfaceRemove(const InterfaceRef &vlan)
