@@ -70,14 +70,14 @@ TEST_F(Interfaces, CopyMediaOptionsGivesTheActiveAndTheOfferedMedia)
     const auto media = backend->scNetworkInterfaceCopyMediaOptions(adapterNamed(u"en5"_s), true);
     ASSERT_TRUE(media);
     EXPECT_EQ(media->active, (QVariantMap{{u"MediaSubType"_s, u"autoselect"_s},
-                                          {u"MediaOptions"_s, QStringList()}}));
+                                          {u"MediaOptions"_s, QVariantList()}}));
     ASSERT_TRUE(media->available);
     EXPECT_EQ(media->available->size(), 4);
     EXPECT_EQ(backend->scNetworkInterfaceCopyMediaSubTypes(*media->available),
               (QVariantList{u"autoselect"_s, u"100baseTX"_s, u"1000baseT"_s}));
     EXPECT_EQ(backend->scNetworkInterfaceCopyMediaSubTypeOptions(*media->available, u"1000baseT"_s),
-              (QVariantList{QStringList{u"full-duplex"_s},
-                            QStringList{u"full-duplex"_s, u"flow-control"_s}}));
+              (QVariantList{QVariantList{u"full-duplex"_s},
+                            QVariantList{u"full-duplex"_s, u"flow-control"_s}}));
     EXPECT_FALSE(
         backend->scNetworkInterfaceCopyMediaSubTypeOptions(*media->available, u"10GbaseT"_s));
     EXPECT_FALSE(backend->scNetworkInterfaceCopyMediaSubTypes({}));
@@ -101,7 +101,28 @@ TEST_F(Interfaces, AppliedMediaReachTheDevice)
     const auto media = backend->scNetworkInterfaceCopyMediaOptions(ethernet, true);
     ASSERT_TRUE(media);
     EXPECT_EQ(media->active, (QVariantMap{{u"MediaSubType"_s, u"1000baseT"_s},
-                                          {u"MediaOptions"_s, QStringList{u"full-duplex"_s}}}));
+                                          {u"MediaOptions"_s, QVariantList{u"full-duplex"_s}}}));
+}
+
+TEST_F(Interfaces, StagedSettingsReadAsTheFileWillGiveThemBack)
+{
+    const SessionRef session = writeSession();
+    const InterfaceRef ethernet = serviceInterface(session, u"Ethernet"_s);
+    ASSERT_TRUE(backend->scNetworkInterfaceSetConfiguration(
+        ethernet, QVariantMap{{u"MTU"_s, 1500},
+                              {u"MediaSubType"_s, u"100baseTX"_s},
+                              {u"MediaOptions"_s, QStringList{u"full-duplex"_s}}}));
+    const QVariantMap stored{{u"MTU"_s, qint64(1500)},
+                             {u"MediaSubType"_s, u"100baseTX"_s},
+                             {u"MediaOptions"_s, QVariantList{u"full-duplex"_s}}};
+    const auto staged = backend->scNetworkInterfaceGetConfiguration(ethernet);
+    ASSERT_TRUE(staged);
+    EXPECT_EQ(staged->value(u"MediaOptions"_s).metaType().id(), QMetaType::QVariantList);
+    EXPECT_EQ(staged->value(u"MTU"_s).metaType().id(), QMetaType::LongLong);
+    ASSERT_TRUE(backend->scPreferencesCommitChanges(session));
+    EXPECT_EQ(
+        backend->scNetworkInterfaceGetConfiguration(serviceInterface(readSession(), u"Ethernet"_s)),
+        stored);
 }
 
 TEST_F(Interfaces, OnlyAnInterfaceReachedThroughItsServiceHasSettings)

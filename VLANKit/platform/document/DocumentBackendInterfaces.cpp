@@ -141,15 +141,16 @@ DocumentBackend::scNetworkInterfaceCopyMediaOptions(const InterfaceRef &interfac
     }
     InterfaceMedia media;
     if (present->mediaSubType)
-        media.active = QVariantMap{{kSCPropNetEthernetMediaSubType, *present->mediaSubType},
-                                   {kSCPropNetEthernetMediaOptions, present->mediaOptions}};
+        media.active =
+            QVariantMap{{kSCPropNetEthernetMediaSubType, *present->mediaSubType},
+                        {kSCPropNetEthernetMediaOptions, storedForm(present->mediaOptions)}};
     QVariantList available;
     for (const HardwareInterface::MediaOffer &offer : device->media) {
         const QList<QStringList> sets =
             offer.options.isEmpty() ? QList<QStringList>{QStringList()} : offer.options;
         for (const QStringList &options : sets)
             available.append(QVariantMap{{kSCPropNetEthernetMediaSubType, offer.subType},
-                                         {kSCPropNetEthernetMediaOptions, options}});
+                                         {kSCPropNetEthernetMediaOptions, storedForm(options)}});
     }
     media.available = available;
     return media;
