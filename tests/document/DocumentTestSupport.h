@@ -13,6 +13,13 @@
 #include <memory>
 #include <optional>
 
+/// The elements of a platform list, none for nothing: safe to walk in a range-for, where a
+/// dereferenced temporary optional would not live through the loop.
+template <typename Handle> [[nodiscard]] QList<Handle> all(const std::optional<QList<Handle>> &list)
+{
+    return list.value_or(QList<Handle>());
+}
+
 /// A document backend over a temporary copy of a folder of the repository: an example machine
 /// or the reference's fixture. Nothing in the repository is ever written.
 class DocumentTest : public ::testing::Test

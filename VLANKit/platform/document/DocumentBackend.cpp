@@ -38,7 +38,11 @@ std::shared_ptr<DocumentBackend> DocumentBackend::open(const QString &folder)
 
 DocumentBackend::DocumentBackend(std::shared_ptr<const DocumentMachine> machine)
     : m_machine(std::move(machine))
-{}
+{
+    // The machine booted before this process started, with the preferences stored then.
+    if (const auto root = readPropertyListFile(m_machine->preferencesPath()))
+        m_bootPreferences = anyMap(*root).value_or(QVariantMap());
+}
 
 bool DocumentBackend::fail(int code, QString description)
 {
@@ -53,14 +57,14 @@ void DocumentBackend::succeed()
     m_statusDescription.clear();
 }
 
-DocumentSession *DocumentBackend::sessionOf(const SessionRef &session)
+const std::shared_ptr<DocumentSession> *DocumentBackend::sessionOf(const SessionRef &session)
 {
     const auto *object = session.as<DocumentSessionObject>();
     if (!object || &object->session->machine() != m_machine.get()) {
         fail(kSCStatusNoPrefsSession);
         return nullptr;
     }
-    return object->session.get();
+    return &object->session;
 }
 
 bool DocumentBackend::indexAgreesWithDocument(const SessionRef &session)
@@ -153,9 +157,10 @@ bool DocumentBackend::lockAndCheck(DocumentSession &session, PreferencesLock &lo
 
 bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
 {
-    DocumentSession *held = sessionOf(session);
-    if (!held)
+    const auto *pointer = sessionOf(session);
+    if (!pointer)
         return false;
+    DocumentSession *held = pointer->get();
     // Only an authorized session may change the system's settings, as for any process that
     // is not root.
     if (!held->isAuthorized())
@@ -178,9 +183,10 @@ bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
 
 bool DocumentBackend::scPreferencesApplyChanges(const SessionRef &session)
 {
-    DocumentSession *held = sessionOf(session);
-    if (!held)
+    const auto *pointer = sessionOf(session);
+    if (!pointer)
         return false;
+    DocumentSession *held = pointer->get();
     if (!held->isAuthorized())
         return fail(kSCStatusAccessError);
     PreferencesLock lock;
@@ -295,12 +301,9 @@ const KernelView &DocumentBackend::kernelView()
             return *m_appliedView;
         }
     }
-    // No state file: what the machine would hold had it booted with the preferences it has.
-    if (!m_bootView) {
-        const std::optional<QVariant> root = readPropertyListFile(m_machine->preferencesPath());
-        m_bootView = KernelView::applying(
-            root ? anyMap(*root).value_or(QVariantMap()) : QVariantMap(), m_machine);
-    }
+    // No state file: what the machine holds after booting with its stored preferences.
+    if (!m_bootView)
+        m_bootView = KernelView::applying(m_bootPreferences, m_machine);
     return *m_bootView;
 }
 

@@ -38,7 +38,7 @@ public:
     /// For tests: whether the session's look-up tables equal tables built from its document.
     [[nodiscard]] static bool indexAgreesWithDocument(const SessionRef &session);
     /// What the kernel holds now: the state file that the last apply wrote, else the view of
-    /// the preferences as they were when first asked, as if applied at boot.
+    /// the preferences that the folder held when it was opened, as if applied at boot.
     [[nodiscard]] const KernelView &kernelView();
 
     // MachineFacts
@@ -159,7 +159,8 @@ private:
     /// Notes a failure; answers false for the callers that return it.
     bool fail(int code, QString description = {});
     void succeed();
-    [[nodiscard]] DocumentSession *sessionOf(const SessionRef &session);
+    /// The session behind a handle of this backend; null, noted as a failure, for any other.
+    [[nodiscard]] const std::shared_ptr<DocumentSession> *sessionOf(const SessionRef &session);
     /// The facts of an interface handle, looked up afresh where the handle follows a session.
     [[nodiscard]] std::optional<InterfaceFacts> factsOf(const InterfaceRef &interface);
     /// Takes the lock and checks that nobody committed over the session; false with the code.
@@ -170,6 +171,8 @@ private:
     int m_status = 0;
     QString m_statusDescription;
     int m_openAuthorizations = 0;
+    /// The preferences as the folder held them when it was opened: what the machine booted with.
+    QVariantMap m_bootPreferences;
     std::optional<KernelView> m_bootView;
     std::optional<KernelView> m_appliedView;
     FileSignature m_appliedSignature;

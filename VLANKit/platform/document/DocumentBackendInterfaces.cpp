@@ -15,15 +15,6 @@ namespace VLANKit {
 
 namespace {
 
-InterfaceRef vlanHandle(const std::shared_ptr<DocumentSession> &session, const QString &name)
-{
-    auto object = std::make_shared<DocumentInterfaceObject>();
-    object->kind = DocumentInterfaceObject::Kind::sessionVLAN;
-    object->session = session;
-    object->key = name;
-    return InterfaceRef(object);
-}
-
 /// A VLAN handle that follows its session, or null.
 const DocumentInterfaceObject *sessionVLAN(const InterfaceRef &vlan)
 {
@@ -150,15 +141,16 @@ DocumentBackend::scNetworkInterfaceCopyMediaOptions(const InterfaceRef &interfac
     }
     InterfaceMedia media;
     if (present->mediaSubType)
-        media.active = QVariantMap{{kSCPropNetEthernetMediaSubType, *present->mediaSubType},
-                                   {kSCPropNetEthernetMediaOptions, present->mediaOptions}};
+        media.active =
+            QVariantMap{{kSCPropNetEthernetMediaSubType, *present->mediaSubType},
+                        {kSCPropNetEthernetMediaOptions, storedForm(present->mediaOptions)}};
     QVariantList available;
     for (const HardwareInterface::MediaOffer &offer : device->media) {
         const QList<QStringList> sets =
             offer.options.isEmpty() ? QList<QStringList>{QStringList()} : offer.options;
         for (const QStringList &options : sets)
             available.append(QVariantMap{{kSCPropNetEthernetMediaSubType, offer.subType},
-                                         {kSCPropNetEthernetMediaOptions, options}});
+                                         {kSCPropNetEthernetMediaOptions, storedForm(options)}});
     }
     media.available = available;
     return media;
@@ -215,28 +207,26 @@ std::optional<QList<InterfaceRef>> DocumentBackend::scVLANInterfaceCopyAvailable
 std::optional<QList<InterfaceRef>>
 DocumentBackend::scVLANInterfaceCopyAll(const SessionRef &session)
 {
-    const auto *object = session.as<DocumentSessionObject>();
-    if (!object) {
-        fail(kSCStatusNoPrefsSession);
+    const auto *held = sessionOf(session);
+    if (!held)
         return std::nullopt;
-    }
     QList<InterfaceRef> vlans;
-    for (const QString &name : DocumentVLANs::names(*object->session))
-        vlans.append(vlanHandle(object->session, name));
+    for (const QString &name : DocumentVLANs::names(**held))
+        vlans.append(documentVLANHandle(*held, name));
     return vlans;
 }
 
 InterfaceRef DocumentBackend::scVLANInterfaceCreate(const SessionRef &session,
                                                     const InterfaceRef &physical, qint64 tag)
 {
-    const auto *object = session.as<DocumentSessionObject>();
+    const auto *held = sessionOf(session);
     const std::optional<InterfaceFacts> parent = factsOf(physical);
-    if (!object || !parent) {
+    if (!held || !parent) {
         fail(kSCStatusInvalidArgument);
         return {};
     }
-    const auto name = DocumentVLANs::create(*object->session, *parent, tag, m_status);
-    return name ? vlanHandle(object->session, *name) : InterfaceRef();
+    const auto name = DocumentVLANs::create(**held, *parent, tag, m_status);
+    return name ? documentVLANHandle(*held, *name) : InterfaceRef();
 }
 
 bool DocumentBackend::scVLANInterfaceRemove(const InterfaceRef &vlan)

@@ -74,4 +74,41 @@ struct DocumentDynamicStoreObject : PlatformObject
     std::shared_ptr<DocumentWatch> watch;
 };
 
+inline SetRef documentSetHandle(const std::shared_ptr<DocumentSession> &session,
+                                const QString &setID)
+{
+    auto object = std::make_shared<DocumentSetObject>();
+    object->session = session;
+    object->setID = setID;
+    return SetRef(object);
+}
+
+inline ServiceRef documentServiceHandle(const std::shared_ptr<DocumentSession> &session,
+                                        const QString &serviceID)
+{
+    auto object = std::make_shared<DocumentServiceObject>();
+    object->session = session;
+    object->serviceID = serviceID;
+    return ServiceRef(object);
+}
+
+inline ProtocolRef documentProtocolHandle(const DocumentServiceObject &service, const QString &type)
+{
+    auto object = std::make_shared<DocumentProtocolObject>();
+    object->session = service.session;
+    object->serviceID = service.serviceID;
+    object->type = type;
+    return ProtocolRef(object);
+}
+
+inline InterfaceRef documentVLANHandle(const std::shared_ptr<DocumentSession> &session,
+                                       const QString &name)
+{
+    auto object = std::make_shared<DocumentInterfaceObject>();
+    object->kind = DocumentInterfaceObject::Kind::sessionVLAN;
+    object->session = session;
+    object->key = name;
+    return InterfaceRef(object);
+}
+
 } // namespace VLANKit

@@ -100,7 +100,7 @@ bool DocumentProtocols::setConfiguration(DocumentSession &session, const QString
 {
     if (!DocumentServices::exists(session, serviceID))
         return failWith(status, kSCStatusInvalidArgument);
-    QVariantMap settings = configuration.value_or(QVariantMap());
+    QVariantMap settings = *mapIn(storedForm(configuration.value_or(QVariantMap())));
     settings.remove(DocumentPaths::inactiveKey);
     if (!isEnabled(session, serviceID, type))
         settings.insert(DocumentPaths::inactiveKey, true);

@@ -172,7 +172,7 @@ bool DocumentServices::setInterfaceConfiguration(DocumentSession &session, const
         const QStringList path =
             DocumentPaths::interfaceSettings(link.setID, *interface->bsdName, entity);
         if (configuration && !configuration->isEmpty())
-            session.edit().setValue(path, *configuration);
+            session.edit().setValue(path, storedForm(*configuration));
         else if (session.document().value(path))
             session.edit().remove(path);
     }

@@ -15,6 +15,24 @@ using namespace Qt::StringLiterals;
 
 namespace VLANKit {
 
+namespace {
+
+/// Whether an element of the list is that string; compared as strings, without a QVariant
+/// comparison for each element of a long service order.
+bool isString(const QVariant &element, const QString &text)
+{
+    return element.metaType().id() == QMetaType::QString
+           && *static_cast<const QString *>(element.constData()) == text;
+}
+
+bool holdsString(const QVariantList &list, const QString &text)
+{
+    return std::any_of(list.begin(), list.end(),
+                       [&](const QVariant &element) { return isString(element, text); });
+}
+
+} // namespace
+
 QString DocumentSets::newIdentifier()
 {
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
@@ -94,7 +112,7 @@ void DocumentSets::insertInOrder(DocumentSession &session, const QString &setID,
     if (!order(session, setID))
         session.edit().setValue(path, QVariantList());
     QVariantList *listed = mutableListIn(*session.edit().mutableValue(path));
-    if (listed->contains(QVariant(serviceID)))
+    if (holdsString(*listed, serviceID))
         return;
     const auto rankOf = [&](const QString &id) {
         return InterfaceFacts::ofService(session, id).value_or(InterfaceFacts()).orderRank();
@@ -152,10 +170,11 @@ bool DocumentSets::removeService(DocumentSession &session, const QString &setID,
 {
     if (!exists(session, setID) || !DocumentServices::exists(session, serviceID))
         return failWith(status, kSCStatusInvalidArgument);
-    if (order(session, setID) && order(session, setID)->contains(QVariant(serviceID))) {
+    if (const QVariant *stored = session.document().value(DocumentPaths::serviceOrder(setID));
+        stored && anyList(*stored) && holdsString(*anyList(*stored), serviceID)) {
         const QStringList path = DocumentPaths::serviceOrder(setID);
         QVariantList *listed = mutableListIn(*session.edit().mutableValue(path));
-        listed->removeAll(QVariant(serviceID));
+        listed->removeIf([&](const QVariant &element) { return isString(element, serviceID); });
         if (listed->isEmpty())
             session.edit().remove(path);
     }

@@ -2,6 +2,7 @@
 
 #include "VLANKit/TextRules.h"
 #include "VLANKit/VLANError.h"
+#include "VLANKit/platform/document/TomlTableReader.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -20,149 +21,7 @@ namespace VLANKit {
 
 namespace {
 
-QString fromToml(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-/// Reads one table, knowing where it stands, and refuses what it can't take with the sentence.
-class TableReader
-{
-public:
-    TableReader(const toml::table &table, QString path, QString keyPrefix)
-        : m_table(&table)
-        , m_path(std::move(path))
-        , m_prefix(std::move(keyPrefix))
-    {}
-
-    [[noreturn]] void fail(const toml::node *node, const QString &key, const QString &what) const
-    {
-        const toml::node &at = node ? *node : static_cast<const toml::node &>(*m_table);
-        throw VLANError::operationFailed(
-            curlyQuoted(m_path)
-            + u" can\u2019t be read: line %1, key "_s.arg(at.source().begin.line)
-            + curlyQuoted(m_prefix + key) + u": "_s + what + u"."_s);
-    }
-
-    /// Every key must be one of these: a misspelt key would otherwise be quietly ignored.
-    void allowOnly(std::initializer_list<const char *> keys) const
-    {
-        QSet<QString> allowed;
-        for (const char *key : keys)
-            allowed.insert(QString::fromLatin1(key));
-        for (auto &&[key, node] : *m_table) {
-            if (!allowed.contains(fromToml(key.str())))
-                fail(&node, fromToml(key.str()), u"there is no such key"_s);
-        }
-    }
-
-    [[nodiscard]] const toml::node *node(const char *key) const { return m_table->get(key); }
-
-    std::optional<QString> string(const char *key) const
-    {
-        const toml::node *found = node(key);
-        if (!found)
-            return std::nullopt;
-        if (!found->is_string())
-            fail(found, QString::fromLatin1(key), u"expected text in quotes"_s);
-        return fromToml(found->as_string()->get());
-    }
-
-    QString requiredString(const char *key) const
-    {
-        if (auto text = string(key); text && !text->isEmpty())
-            return *text;
-        fail(node(key), QString::fromLatin1(key), u"this key is needed and can\u2019t be empty"_s);
-    }
-
-    std::optional<qint64> integer(const char *key) const
-    {
-        const toml::node *found = node(key);
-        if (!found)
-            return std::nullopt;
-        if (!found->is_integer())
-            fail(found, QString::fromLatin1(key), u"expected a whole number"_s);
-        return found->as_integer()->get();
-    }
-
-    std::optional<bool> boolean(const char *key) const
-    {
-        const toml::node *found = node(key);
-        if (!found)
-            return std::nullopt;
-        if (!found->is_boolean())
-            fail(found, QString::fromLatin1(key), u"expected true or false"_s);
-        return found->as_boolean()->get();
-    }
-
-    std::optional<QStringList> strings(const toml::node *found, const QString &key) const
-    {
-        if (!found)
-            return std::nullopt;
-        const toml::array *array = found->as_array();
-        if (!array)
-            fail(found, key, u"expected a list of texts in quotes"_s);
-        QStringList list;
-        for (const toml::node &element : *array) {
-            if (!element.is_string())
-                fail(&element, key, u"expected a list of texts in quotes"_s);
-            list.append(fromToml(element.as_string()->get()));
-        }
-        return list;
-    }
-
-    std::array<int, 4> address(const char *key, bool required) const
-    {
-        const std::optional<QString> text = required ? requiredString(key) : string(key);
-        if (!text)
-            return {};
-        const auto quad = parseDottedQuad(*text);
-        if (!quad)
-            fail(node(key), QString::fromLatin1(key), u"expected an address such as 10.0.0.1"_s);
-        return *quad;
-    }
-
-    /// A nested table, read by its own reader.
-    std::optional<TableReader> table(const char *key) const
-    {
-        const toml::node *found = node(key);
-        if (!found)
-            return std::nullopt;
-        if (!found->is_table())
-            fail(found, QString::fromLatin1(key), u"expected a table"_s);
-        return TableReader(*found->as_table(), m_path, m_prefix + QString::fromLatin1(key) + u'.');
-    }
-
-    /// The tables of an array of tables, such as every [[interface]].
-    std::vector<TableReader> tables(const char *key) const
-    {
-        std::vector<TableReader> readers;
-        const toml::node *found = node(key);
-        if (!found)
-            return readers;
-        const toml::array *array = found->as_array();
-        if (!array)
-            fail(found, QString::fromLatin1(key),
-                 u"expected [[%1]] tables"_s.arg(QLatin1String(key)));
-        for (const toml::node &element : *array) {
-            if (!element.is_table())
-                fail(&element, QString::fromLatin1(key),
-                     u"expected [[%1]] tables"_s.arg(QLatin1String(key)));
-            const QString prefix = u"%1[%2]."_s.arg(QLatin1String(key)).arg(readers.size() + 1);
-            readers.push_back(TableReader(*element.as_table(), m_path, m_prefix + prefix));
-        }
-        return readers;
-    }
-
-    [[nodiscard]] const QString &path() const { return m_path; }
-
-private:
-    const toml::table *m_table;
-    QString m_path;
-    QString m_prefix;
-};
-
-HardwareInterface::MediaOffer readMediaOffer(const TableReader &offer)
+HardwareInterface::MediaOffer readMediaOffer(const TomlTableReader &offer)
 {
     offer.allowOnly({"subtype", "options"});
     HardwareInterface::MediaOffer read;
@@ -177,7 +36,7 @@ HardwareInterface::MediaOffer readMediaOffer(const TableReader &offer)
     return read;
 }
 
-HardwareInterface readInterface(const TableReader &entry)
+HardwareInterface readInterface(const TomlTableReader &entry)
 {
     entry.allowOnly({"bsd-name", "type", "display-name", "hardware-address", "vlan-capable",
                      "built-in", "link-up", "mtu", "media", "active-media"});
@@ -206,7 +65,7 @@ HardwareInterface readInterface(const TableReader &entry)
         sizes.current = mtu->integer("current").value_or(1500);
         read.mtu = sizes;
     }
-    for (const TableReader &offer : entry.tables("media"))
+    for (const TomlTableReader &offer : entry.tables("media"))
         read.media.append(readMediaOffer(offer));
     if (const auto active = entry.table("active-media")) {
         active->allowOnly({"subtype", "options"});
@@ -217,7 +76,7 @@ HardwareInterface readInterface(const TableReader &entry)
     return read;
 }
 
-MachineDescription::DHCPServer readServer(const TableReader &entry)
+MachineDescription::DHCPServer readServer(const TomlTableReader &entry)
 {
     entry.allowOnly({"adapter", "tag", "first-address", "subnet-mask", "router"});
     MachineDescription::DHCPServer server;
@@ -236,7 +95,7 @@ MachineDescription::DHCPServer readServer(const TableReader &entry)
     return server;
 }
 
-void readAdministrator(const TableReader &table, MachineDescription &description)
+void readAdministrator(const TomlTableReader &table, MachineDescription &description)
 {
     table.allowOnly({"answer", "status"});
     static const QList<std::pair<QString, MachineDescription::Answer>> answers{
@@ -301,7 +160,7 @@ MachineDescription MachineDescriptionReader::parse(const QByteArray &text, const
                                          + u": "_s + fromToml(error.description()) + u"."_s);
     }
 
-    const TableReader top(root, path, QString());
+    const TomlTableReader top(root, path, QString());
     top.allowOnly({"machine", "administrator", "interface", "dhcp-server"});
     MachineDescription description;
     if (const auto machine = top.table("machine")) {
@@ -314,7 +173,7 @@ MachineDescription MachineDescriptionReader::parse(const QByteArray &text, const
     if (top.node("interface")) {
         QList<HardwareInterface> interfaces;
         QSet<QString> names;
-        for (const TableReader &entry : top.tables("interface")) {
+        for (const TomlTableReader &entry : top.tables("interface")) {
             interfaces.append(readInterface(entry));
             if (names.contains(interfaces.last().bsdName))
                 entry.fail(entry.node("bsd-name"), u"bsd-name"_s,
@@ -323,7 +182,7 @@ MachineDescription MachineDescriptionReader::parse(const QByteArray &text, const
         }
         description.interfaces = interfaces;
     }
-    for (const TableReader &entry : top.tables("dhcp-server"))
+    for (const TomlTableReader &entry : top.tables("dhcp-server"))
         description.dhcpServers.append(readServer(entry));
     return description;
 }

@@ -25,6 +25,38 @@ QVariantList *mutableListIn(QVariant &value)
     return static_cast<QVariantList *>(value.data());
 }
 
+QVariant storedForm(const QVariant &value)
+{
+    switch (value.metaType().id()) {
+    case QMetaType::QVariantMap: {
+        QVariantMap map;
+        const QVariantMap &given = *mapIn(value);
+        for (auto entry = given.constBegin(); entry != given.constEnd(); ++entry)
+            map.insert(entry.key(), storedForm(entry.value()));
+        return map;
+    }
+    case QMetaType::QVariantList:
+    case QMetaType::QStringList: {
+        QVariantList list;
+        for (const QVariant &element : value.toList())
+            list.append(storedForm(element));
+        return list;
+    }
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+    case QMetaType::ULongLong:
+        return QVariant(value.toLongLong());
+    case QMetaType::Float:
+        return QVariant(value.toDouble());
+    default:
+        return value;
+    }
+}
+
 const QVariant *PreferencesDocument::value(const QStringList &path) const
 {
     const QVariantMap *map = &m_root;

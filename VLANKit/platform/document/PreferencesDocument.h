@@ -42,6 +42,11 @@ private:
     QVariantMap m_root;
 };
 
+/// A value in the form the file gives it back: lists of strings as lists of values, integers of
+/// every width as 64-bit ones, throughout. What a session stages reads the same as what it
+/// reads after a commit, as with the system's property lists.
+[[nodiscard]] QVariant storedForm(const QVariant &value);
+
 /// The dictionary inside a value for changing in place, or null when the value holds another
 /// type. The value keeps its dictionary: nothing is copied unless it is shared.
 [[nodiscard]] QVariantMap *mutableMapIn(QVariant &value);

@@ -1,213 +1,48 @@
-// The sets, services and protocols of the document backend: each call finds its session and
-// key in the handle and hands over to the document's rules.
+// The services and protocols of the document backend: each call finds its session and key in
+// the handle and hands over to the document's rules.
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/platform/document/DocumentBackend.h"
 #include "VLANKit/platform/document/DocumentHandles.h"
 #include "VLANKit/platform/document/DocumentProtocols.h"
 #include "VLANKit/platform/document/DocumentServices.h"
-#include "VLANKit/platform/document/DocumentSets.h"
 #include "VLANKit/platform/document/ServiceNaming.h"
 
 namespace VLANKit {
 
-namespace {
-
-SetRef setHandle(const std::shared_ptr<DocumentSession> &session, const QString &setID)
-{
-    auto object = std::make_shared<DocumentSetObject>();
-    object->session = session;
-    object->setID = setID;
-    return SetRef(object);
-}
-
-ServiceRef serviceHandle(const std::shared_ptr<DocumentSession> &session, const QString &serviceID)
-{
-    auto object = std::make_shared<DocumentServiceObject>();
-    object->session = session;
-    object->serviceID = serviceID;
-    return ServiceRef(object);
-}
-
-ProtocolRef protocolHandle(const DocumentServiceObject &service, const QString &type)
-{
-    auto object = std::make_shared<DocumentProtocolObject>();
-    object->session = service.session;
-    object->serviceID = service.serviceID;
-    object->type = type;
-    return ProtocolRef(object);
-}
-
-const std::shared_ptr<DocumentSession> *sessionPointer(const SessionRef &session)
-{
-    const auto *object = session.as<DocumentSessionObject>();
-    return object ? &object->session : nullptr;
-}
-
-} // namespace
-
-// Sets.
-
-SetRef DocumentBackend::scNetworkSetCopyCurrent(const SessionRef &session)
-{
-    const auto *held = sessionPointer(session);
-    const auto setID = held ? DocumentSets::current(**held) : std::nullopt;
-    if (!setID) {
-        fail(held ? kSCStatusNoKey : kSCStatusNoPrefsSession);
-        return {};
-    }
-    return setHandle(*held, *setID);
-}
-
-std::optional<QList<SetRef>> DocumentBackend::scNetworkSetCopyAll(const SessionRef &session)
-{
-    const auto *held = sessionPointer(session);
-    if (!held) {
-        fail(kSCStatusNoPrefsSession);
-        return std::nullopt;
-    }
-    QList<SetRef> sets;
-    for (const QString &setID : DocumentSets::ids(**held))
-        sets.append(setHandle(*held, setID));
-    return sets;
-}
-
-SetRef DocumentBackend::scNetworkSetCopy(const SessionRef &session, const QString &setID)
-{
-    const auto *held = sessionPointer(session);
-    if (!held || !DocumentSets::exists(**held, setID)) {
-        fail(held ? kSCStatusNoKey : kSCStatusNoPrefsSession);
-        return {};
-    }
-    return setHandle(*held, setID);
-}
-
-std::optional<QString> DocumentBackend::scNetworkSetGetSetID(const SetRef &set)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    return object ? std::optional<QString>(object->setID) : std::nullopt;
-}
-
-std::optional<QString> DocumentBackend::scNetworkSetGetName(const SetRef &set)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    return object ? DocumentSets::name(*object->session, object->setID) : std::nullopt;
-}
-
-std::optional<QList<ServiceRef>> DocumentBackend::scNetworkSetCopyServices(const SetRef &set)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    if (!object || !DocumentSets::exists(*object->session, object->setID)) {
-        fail(kSCStatusNoKey);
-        return std::nullopt;
-    }
-    QList<ServiceRef> services;
-    for (const QString &serviceID : DocumentSets::services(*object->session, object->setID))
-        services.append(serviceHandle(object->session, serviceID));
-    return services;
-}
-
-bool DocumentBackend::scNetworkSetAddService(const SetRef &set, const ServiceRef &service)
-{
-    const auto *held = set.as<DocumentSetObject>();
-    const auto *added = service.as<DocumentServiceObject>();
-    if (!held || !added || held->session != added->session)
-        return fail(kSCStatusInvalidArgument);
-    return DocumentSets::addService(*held->session, held->setID, added->serviceID, m_status);
-}
-
-bool DocumentBackend::scNetworkSetRemoveService(const SetRef &set, const ServiceRef &service)
-{
-    const auto *held = set.as<DocumentSetObject>();
-    const auto *removed = service.as<DocumentServiceObject>();
-    if (!held || !removed || held->session != removed->session)
-        return fail(kSCStatusInvalidArgument);
-    return DocumentSets::removeService(*held->session, held->setID, removed->serviceID, m_status);
-}
-
-std::optional<QVariantList> DocumentBackend::scNetworkSetGetServiceOrder(const SetRef &set)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    return object ? DocumentSets::order(*object->session, object->setID) : std::nullopt;
-}
-
-bool DocumentBackend::scNetworkSetSetServiceOrder(const SetRef &set, const QStringList &order)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    if (!object)
-        return fail(kSCStatusInvalidArgument);
-    return DocumentSets::setOrder(*object->session, object->setID, order, m_status);
-}
-
-SetRef DocumentBackend::scNetworkSetCreate(const SessionRef &session)
-{
-    const auto *held = sessionPointer(session);
-    if (!held) {
-        fail(kSCStatusNoPrefsSession);
-        return {};
-    }
-    return setHandle(*held, DocumentSets::create(**held));
-}
-
-bool DocumentBackend::scNetworkSetSetName(const SetRef &set, const QString &name)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    if (!object)
-        return fail(kSCStatusInvalidArgument);
-    return DocumentSets::setName(*object->session, object->setID, name, m_status);
-}
-
-bool DocumentBackend::scNetworkSetRemove(const SetRef &set)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    if (!object)
-        return fail(kSCStatusInvalidArgument);
-    return DocumentSets::remove(*object->session, object->setID, m_status);
-}
-
-bool DocumentBackend::scNetworkSetSetCurrent(const SetRef &set)
-{
-    const auto *object = set.as<DocumentSetObject>();
-    if (!object)
-        return fail(kSCStatusInvalidArgument);
-    return DocumentSets::makeCurrent(*object->session, object->setID, m_status);
-}
-
-// Services.
-
 ServiceRef DocumentBackend::scNetworkServiceCreate(const SessionRef &session,
                                                    const InterfaceRef &interface)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     const std::optional<InterfaceFacts> facts = factsOf(interface);
     if (!held || !facts) {
         fail(kSCStatusInvalidArgument);
         return {};
     }
     const std::optional<QString> serviceID = DocumentServices::create(**held, *facts, m_status);
-    return serviceID ? serviceHandle(*held, *serviceID) : ServiceRef();
+    return serviceID ? documentServiceHandle(*held, *serviceID) : ServiceRef();
 }
 
 ServiceRef DocumentBackend::scNetworkServiceCopy(const SessionRef &session,
                                                  const QString &serviceID)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     if (!held || !DocumentServices::exists(**held, serviceID)) {
         fail(held ? kSCStatusNoKey : kSCStatusNoPrefsSession);
         return {};
     }
-    return serviceHandle(*held, serviceID);
+    return documentServiceHandle(*held, serviceID);
 }
 
 std::optional<QList<ServiceRef>> DocumentBackend::scNetworkServiceCopyAll(const SessionRef &session)
 {
-    const auto *held = sessionPointer(session);
+    const auto *held = sessionOf(session);
     if (!held) {
         fail(kSCStatusNoPrefsSession);
         return std::nullopt;
     }
     QList<ServiceRef> services;
     for (const QString &serviceID : DocumentServices::ids(**held))
-        services.append(serviceHandle(*held, serviceID));
+        services.append(documentServiceHandle(*held, serviceID));
     return services;
 }
 
@@ -290,7 +125,7 @@ ProtocolRef DocumentBackend::scNetworkServiceCopyProtocol(const ServiceRef &serv
         fail(kSCStatusNoKey);
         return {};
     }
-    return protocolHandle(*object, protocolType);
+    return documentProtocolHandle(*object, protocolType);
 }
 
 std::optional<QList<ProtocolRef>>
@@ -303,7 +138,7 @@ DocumentBackend::scNetworkServiceCopyProtocols(const ServiceRef &service)
     }
     QList<ProtocolRef> protocols;
     for (const QString &type : DocumentProtocols::types(*object->session, object->serviceID))
-        protocols.append(protocolHandle(*object, type));
+        protocols.append(documentProtocolHandle(*object, type));
     return protocols;
 }
 
