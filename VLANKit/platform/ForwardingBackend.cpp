@@ -5,11 +5,13 @@ namespace VLANKit {
 namespace {
 
 // How many handles and elements an answer hands over.
-template <typename Tag> qsizetype handedOver(const PlatformHandle<Tag> &handle)
+template <typename Tag>
+qsizetype handedOver(const PlatformHandle<Tag> &handle)
 {
     return handle ? 1 : 0;
 }
-template <typename Element> qsizetype handedOver(const std::optional<QList<Element>> &list)
+template <typename Element>
+qsizetype handedOver(const std::optional<QList<Element>> &list)
 {
     return list ? list->size() : 0;
 }
@@ -28,7 +30,8 @@ qsizetype handedOver(const std::optional<InterfaceMedia> &media)
     return (media->active ? media->active->size() : 0)
            + (media->available ? media->available->size() : 0);
 }
-template <typename Plain> qsizetype handedOver(const Plain &)
+template <typename Plain>
+qsizetype handedOver(const Plain &)
 {
     return 0;
 }
@@ -41,7 +44,8 @@ ForwardingBackend::ForwardingBackend(std::shared_ptr<PlatformBackend> inner)
 
 void ForwardingBackend::called(const char *, qsizetype) const {}
 
-template <typename Call> auto ForwardingBackend::forward(const char *operation, Call call) const
+template <typename Call>
+auto ForwardingBackend::forward(const char *operation, Call call) const
 {
     auto answer = call();
     called(operation, handedOver(answer));

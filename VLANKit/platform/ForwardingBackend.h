@@ -118,7 +118,8 @@ protected:
 
 private:
     /// Makes the call on the inner backend, reports it, and gives its answer.
-    template <typename Call> auto forward(const char *operation, Call call) const;
+    template <typename Call>
+    auto forward(const char *operation, Call call) const;
 
     std::shared_ptr<PlatformBackend> m_inner;
 };

@@ -26,6 +26,9 @@ struct StoreTables
     /// added (`orderAwaiting`), which moves to the end of the order next.
     std::optional<QStringList> targetOrder;
     std::optional<QString> orderAwaiting;
+    /// The kept order is newer than the stored one, and is written to this set before anything
+    /// reads an order or the session commits: a batch of new services writes it once.
+    SetRef orderToWrite;
     /// The name by which each interface is known across all Locations.
     std::optional<QHash<QString, QString>> nameIndex;
     /// Every service name on each interface, in any Location.
@@ -43,6 +46,7 @@ struct StoreTables
         targetByBSD.reset();
         targetOrder.reset();
         orderAwaiting.reset();
+        orderToWrite = {};
         nameIndex.reset();
         adapterLabelSet.reset();
         adapterLabels.reset();

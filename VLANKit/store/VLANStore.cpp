@@ -101,6 +101,7 @@ void VLANStore::commit()
 {
     if (!m_isWritable)
         throw VLANError::operationFailed(u"This session is read-only."_s);
+    writePendingOrder();
     if (!m_platform->scPreferencesCommitChanges(m_prefs))
         throw VLANError::commitFailed(lastFailure(*m_platform));
     if (!m_platform->scPreferencesApplyChanges(m_prefs))

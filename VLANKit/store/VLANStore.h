@@ -238,6 +238,8 @@ private:
     [[nodiscard]] QString computeAdapterLabel(const QString &bsdName) const;
     [[nodiscard]] bool isTarget(const SetRef &set) const;
     void serviceMade(const ServiceRef &service, const InterfaceRef &interface);
+    /// Writes a kept order that is newer than the stored one.
+    void writePendingOrder() const;
 
     std::shared_ptr<PlatformBackend> m_platform;
     SessionRef m_prefs;

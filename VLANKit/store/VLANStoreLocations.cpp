@@ -96,6 +96,7 @@ void VLANStore::selectLocation(const QString &name)
 
 QString VLANStore::createLocation(const QString &name, bool populate)
 {
+    writePendingOrder();
     const SetRef set = makeLocation(*this, name);
     if (populate) {
         const QHash<QString, QString> knownNames = serviceNameIndex();
@@ -128,6 +129,7 @@ QString VLANStore::createLocation(const QString &name, bool populate)
 
 LocationCopy VLANStore::duplicateLocation(const QString &name, const QString &newName)
 {
+    writePendingOrder();
     const QList<LocationRecord> records = locations();
     const auto record = LocationNames::location(name, records);
     const SetRef source = record ? setOf(*m_platform, m_prefs, *record) : SetRef();
@@ -214,6 +216,7 @@ void VLANStore::renameLocation(const QString &name, const QString &newName)
 
 void VLANStore::removeLocation(const QString &name)
 {
+    writePendingOrder();
     const QList<LocationRecord> records = locations();
     const auto record = LocationNames::location(name, records);
     if (!record)
@@ -252,6 +255,7 @@ void VLANStore::removeLocation(const QString &name)
 
 void VLANStore::makeSelectedLocationCurrent()
 {
+    writePendingOrder();
     const SetRef set = targetSet();
     if (!set)
         throw VLANError::noCurrentSet();

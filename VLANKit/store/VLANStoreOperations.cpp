@@ -117,6 +117,7 @@ void VLANStore::removeVLAN(qint64 tag, const QString &bsdName)
         throw noVLAN(tag, bsdName);
     // A VLAN takes all its services with it, in every Location.
     removeServices({bsdName});
+    writePendingOrder();
     m_tables.dropAll();
     if (!m_platform->scVLANInterfaceRemove(vlan)) {
         throw VLANError::operationFailed(u"Could not remove VLAN "_s + number(tag) + u" ("_s
@@ -265,6 +266,7 @@ void VLANStore::removeService(const QString &serviceID, const QString &name)
         if (shared)
             break;
     }
+    writePendingOrder();
     m_tables.dropServices();
     if (!m_platform->scNetworkSetRemoveService(set, service))
         throw VLANError::operationFailed(u"Could not take "_s + name + u" out of this Location."_s);
@@ -298,6 +300,7 @@ void VLANStore::removeServices(const QSet<QString> &bsdNames)
 {
     if (bsdNames.isEmpty())
         return;
+    writePendingOrder();
     m_tables.dropServices();
     for (const SetRef &set : allSets()) {
         QList<ServiceRef> bound;

@@ -54,19 +54,28 @@ void VLANStore::moveToEndOfOrder(const ServiceRef &service, const SetRef &set)
     const auto id = m_platform->scNetworkServiceGetServiceID(service);
     if (!id)
         return;
-    // The target's order is kept, so that thousands of new services don't each read it anew.
-    const bool target = isTarget(set);
-    QStringList order =
-        target ? targetOrder(set) : stringArray(m_platform->scNetworkSetGetServiceOrder(set));
+    // The target's order is kept and written once for a whole batch of new services, before
+    // anything reads an order and before the commit.
+    if (isTarget(set) && !m_tables.targetOrder) {
+        // First read of the order: the system has already put the new service somewhere in it.
+        (void)targetOrder(set);
+        m_tables.orderAwaiting = id;
+    }
+    if (isTarget(set) && m_tables.targetOrder && m_tables.orderAwaiting == id) {
+        QStringList &order = *m_tables.targetOrder;
+        order.removeAll(*id);
+        order.append(*id);
+        m_tables.orderAwaiting.reset();
+        m_tables.orderToWrite = set;
+        return;
+    }
+    writePendingOrder();
+    QStringList order = stringArray(m_platform->scNetworkSetGetServiceOrder(set));
     order.removeAll(*id);
     order.append(*id);
-    const bool written = m_platform->scNetworkSetSetServiceOrder(set, order);
+    (void)m_platform->scNetworkSetSetServiceOrder(set, order);
     m_tables.orderAwaiting.reset();
-    // A kept order is exact only when the written list had nothing for the system to mend.
-    if (target && written && QSet<QString>(order.cbegin(), order.cend()).size() == order.size())
-        m_tables.targetOrder = order;
-    else
-        m_tables.targetOrder.reset();
+    m_tables.targetOrder.reset();
 }
 
 QList<InternetMarks::Candidate> VLANStore::internetCandidates() const
@@ -145,6 +154,7 @@ void VLANStore::setServiceOrder(const QStringList &serviceIDs)
     const SetRef set = targetSet();
     if (!set)
         throw VLANError::noCurrentSet();
+    writePendingOrder();
     m_tables.targetOrder.reset();
     if (!m_platform->scNetworkSetSetServiceOrder(set, serviceIDs))
         throw VLANError::operationFailed(u"Could not set the service order."_s);

@@ -77,6 +77,7 @@ QList<VLANRecord> VLANStore::vlans() const
 
 QList<ServiceRef> VLANStore::orderedServices(const SetRef &set) const
 {
+    writePendingOrder();
     const QList<ServiceRef> all = presentHandles(m_platform->scNetworkSetCopyServices(set));
     QHash<QString, ServiceRef> byID;
     QList<std::optional<QString>> ids;

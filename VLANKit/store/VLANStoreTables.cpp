@@ -41,8 +41,20 @@ void VLANStore::setVerifyingTables(bool verifying)
     verifyingTables = verifying;
 }
 
+void VLANStore::writePendingOrder() const
+{
+    if (!m_tables.orderToWrite || !m_tables.targetOrder)
+        return;
+    const SetRef set = m_tables.orderToWrite;
+    m_tables.orderToWrite = {};
+    // As when a new service moves to the end: the answer of the write is dropped.
+    if (!m_platform->scNetworkSetSetServiceOrder(set, *m_tables.targetOrder))
+        m_tables.targetOrder.reset();
+}
+
 void VLANStore::setSelectedSetID(std::optional<QString> setID)
 {
+    writePendingOrder();
     if (setID != m_selectedSetID)
         m_tables.dropTarget();
     m_selectedSetID = std::move(setID);
@@ -130,6 +142,7 @@ const QHash<QString, ServiceRef> &VLANStore::targetServicesByBSD() const
 
 const QStringList &VLANStore::targetOrder(const SetRef &target) const
 {
+    writePendingOrder();
     // Where the system put the service that is about to move to the end doesn't matter.
     const auto describe = [this](const QStringList &order) {
         QStringList compared = order;

@@ -15,7 +15,8 @@
 
 /// The elements of a platform list, none for nothing: safe to walk in a range-for, where a
 /// dereferenced temporary optional would not live through the loop.
-template <typename Handle> [[nodiscard]] QList<Handle> all(const std::optional<QList<Handle>> &list)
+template <typename Handle>
+[[nodiscard]] QList<Handle> all(const std::optional<QList<Handle>> &list)
 {
     return list.value_or(QList<Handle>());
 }

@@ -1,9 +1,7 @@
-// The session's look-up tables: equal to tables built afresh after every change, and a cost per
-// VLAN that does not grow with the number of VLANs.
+// The session's look-up tables: equal to tables built afresh after every change. What building
+// and reading thousands of VLANs costs is measured in bench/, not here.
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/document/DocumentTestSupport.h"
-
-#include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
 using namespace VLANKit;
@@ -20,11 +18,9 @@ protected:
     }
 
     /// Builds VLANs as the store will: a VLAN, its name, a service of that name in the current
-    /// Location, with its defaults; and answers the milliseconds that took.
-    qint64 build(int count, int firstTag)
+    /// Location, with its defaults.
+    void build(int count, int firstTag)
     {
-        QElapsedTimer timer;
-        timer.start();
         const SetRef show = backend->scNetworkSetCopyCurrent(session);
         const InterfaceRef adapter = adapterNamed(u"en5"_s);
         for (int tag = firstTag; tag < firstTag + count; ++tag) {
@@ -37,37 +33,6 @@ protected:
             backend->scNetworkServiceEstablishDefaultConfiguration(service);
             EXPECT_TRUE(backend->scNetworkSetAddService(show, service));
         }
-        return timer.elapsed();
-    }
-
-    /// Reads every VLAN and its service as the store's readers will, and answers the
-    /// milliseconds that took.
-    qint64 readAll()
-    {
-        QElapsedTimer timer;
-        timer.start();
-        const SessionRef reader = readSession();
-        int live = 0;
-        for (const InterfaceRef &vlan : all(backend->scVLANInterfaceCopyAll(reader))) {
-            const QString bsdName = backend->scNetworkInterfaceGetBSDName(vlan).value_or(QString());
-            (void)backend->scNetworkInterfaceGetLocalizedDisplayName(vlan);
-            (void)backend->scVLANInterfaceGetTag(vlan);
-            (void)backend->scNetworkInterfaceGetBSDName(
-                backend->scVLANInterfaceGetPhysicalInterface(vlan));
-            live += backend->ifNameToIndex(bsdName) != 0 ? 1 : 0;
-        }
-        for (const ServiceRef &service :
-             all(backend->scNetworkSetCopyServices(backend->scNetworkSetCopyCurrent(reader)))) {
-            const InterfaceRef interface = backend->scNetworkServiceGetInterface(service);
-            (void)backend->scNetworkInterfaceGetBSDName(interface);
-            (void)backend->scNetworkServiceGetName(service);
-            (void)backend->scNetworkServiceGetEnabled(service);
-            (void)backend->scNetworkProtocolGetConfiguration(
-                backend->scNetworkServiceCopyProtocol(service, kSCNetworkProtocolTypeIPv4));
-            (void)backend->scNetworkInterfaceGetConfiguration(interface);
-        }
-        EXPECT_GT(live, 0);
-        return timer.elapsed();
     }
 
     SessionRef session;
@@ -142,7 +107,7 @@ TEST_F(Lookups, TablesKeptUpToDateEqualTablesBuiltAfresh)
 
 TEST_F(Lookups, ServiceNamesAreCheckedThroughTheTables)
 {
-    ASSERT_GT(build(3, 3000), -1);
+    build(3, 3000);
     const SetRef show = backend->scNetworkSetCopyCurrent(session);
     const ServiceRef first = serviceNamed(show, u"3000 - Net (DONGLE)"_s);
     ASSERT_TRUE(first);
@@ -150,31 +115,6 @@ TEST_F(Lookups, ServiceNamesAreCheckedThroughTheTables)
     EXPECT_EQ(backend->scError(), kSCStatusKeyExists);
     EXPECT_FALSE(backend->scNetworkServiceSetName(first, u"Ethernet"_s));
     EXPECT_TRUE(backend->scNetworkServiceSetName(first, u"Ethernet 2"_s));
-}
-
-TEST_F(Lookups, BuildingManyVLANsCostsTheSameForEach)
-{
-    // Eight times the VLANs may cost eight times as long, with room for a noisy machine; a walk
-    // of the document for each VLAN would cost sixty-four times as long.
-    const qint64 few = std::max<qint64>(build(256, 1100), 1);
-    reopen();
-    session = writeSession();
-    const qint64 many = build(2048, 1100);
-    EXPECT_LT(many, few * 24) << few << " ms for 256, " << many << " ms for 2048";
-    EXPECT_TRUE(backend->scPreferencesCommitChanges(session));
-}
-
-TEST_F(Lookups, ReadingManyVLANsCostsTheSameForEach)
-{
-    build(256, 1100);
-    ASSERT_TRUE(backend->scPreferencesCommitChanges(session));
-    ASSERT_TRUE(backend->scPreferencesApplyChanges(session));
-    const qint64 few = std::max<qint64>(readAll(), 1);
-    build(1792, 1400);
-    ASSERT_TRUE(backend->scPreferencesCommitChanges(session));
-    ASSERT_TRUE(backend->scPreferencesApplyChanges(session));
-    const qint64 many = readAll();
-    EXPECT_LT(many, few * 24) << few << " ms for 256, " << many << " ms for 2048";
 }
 
 } // namespace

@@ -51,8 +51,10 @@ protected:
     ServiceRef service(const QString &id) { return store->requireService(id, id); }
     QStringList orderOfTarget()
     {
-        return VLANStore::stringArray(
-            store->platform().scNetworkSetGetServiceOrder(store->targetSet()));
+        QStringList ids;
+        for (const ServiceRecord &record : store->services())
+            ids.append(record.serviceID);
+        return ids;
     }
 
     std::unique_ptr<VLANStore> store;

@@ -1,0 +1,157 @@
+#include "VLANKit/Platform.h"
+#include "VLANKit/PropertyList.h"
+#include "VLANKit/store/NetworkAuthorization.h"
+#include "VLANKit/store/VLANStore.h"
+#include "tests/support/SyntheticMachine.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace VLANKit;
+
+namespace {
+
+QByteArray preferencesOf(const QString &folder)
+{
+    QFile file(folder + u"/preferences.plist"_s);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// What parsing the preferences of a machine of that size takes, in seconds: the unit in which
+// every other figure here is also given, as "xParse".
+double parseSeconds(int vlanCount)
+{
+    QTemporaryDir folder;
+    writeSyntheticMachine(folder.path(), vlanCount);
+    const QByteArray bytes = preferencesOf(folder.path());
+    constexpr int rounds = 5;
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < rounds; ++i)
+        benchmark::DoNotOptimize(parsePropertyList(bytes));
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() / rounds;
+}
+
+// The time of one iteration as a multiple of parsing the same machine's document.
+void reportRatio(benchmark::State &state, double iterationSeconds)
+{
+    state.counters["VLANs"] = static_cast<double>(state.range(0));
+    state.counters["xParse"] = iterationSeconds / parseSeconds(static_cast<int>(state.range(0)));
+}
+
+double secondsSince(std::chrono::steady_clock::time_point start)
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+void ParseDocument(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    writeSyntheticMachine(folder.path(), static_cast<int>(state.range(0)));
+    const QByteArray bytes = preferencesOf(folder.path());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(parsePropertyList(bytes));
+    state.counters["VLANs"] = static_cast<double>(state.range(0));
+}
+
+// One reading cycle of the window: a fresh store, its VLANs, services and adapters.
+void ReadCycle(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    writeSyntheticMachine(folder.path(), static_cast<int>(state.range(0)));
+    const Platform platform = Platform::overFolder(folder.path());
+    double total = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        VLANStore store(platform);
+        benchmark::DoNotOptimize(store.vlans());
+        benchmark::DoNotOptimize(store.services());
+        benchmark::DoNotOptimize(store.availableAdapters());
+        benchmark::DoNotOptimize(store.adaptersWithoutService());
+        total += secondsSince(start);
+    }
+    reportRatio(state, total / static_cast<double>(state.iterations()));
+}
+
+Profile profileOf(int count)
+{
+    Profile profile;
+    profile.name = u"Bench"_s;
+    for (int tag = 1; tag <= count; ++tag) {
+        profile.entries.append(ProfileEntry{tag, u"Net %1"_s.arg(tag),
+                                            IPConfig{IPMode::manual,
+                                                     u"10.%1.%2.5"_s.arg(tag / 256).arg(tag % 256),
+                                                     u"255.255.255.0"_s,
+                                                     std::nullopt,
+                                                     {}},
+                                            true});
+    }
+    return profile;
+}
+
+// Planning a project of that many new VLANs on an empty trunk.
+void PlanApply(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    writeSyntheticMachine(folder.path(), 0);
+    const Platform platform = Platform::overFolder(folder.path());
+    const Profile profile = profileOf(static_cast<int>(state.range(0)));
+    double total = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        VLANStore store(platform);
+        benchmark::DoNotOptimize(store.planApply(profile, u"en5"_s));
+        total += secondsSince(start);
+    }
+    reportRatio(state, total / static_cast<double>(state.iterations()));
+}
+
+// Building that many VLANs in one transaction: staging, the commit and the apply.
+void ExecuteCreations(benchmark::State &state)
+{
+    const Profile profile = profileOf(static_cast<int>(state.range(0)));
+    double total = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        QTemporaryDir folder;
+        writeSyntheticMachine(folder.path(), 0);
+        const Platform platform = Platform::overFolder(folder.path());
+        const Plan plan = VLANStore(platform).planApply(profile, u"en5"_s);
+        NetworkAuthorization authorization(platform);
+        authorization.acquire();
+        VLANStore store(platform, authorization);
+        state.ResumeTiming();
+        const auto start = std::chrono::steady_clock::now();
+        store.execute(plan);
+        total += secondsSince(start);
+    }
+    reportRatio(state, total / static_cast<double>(state.iterations()));
+}
+
+void Sizes(benchmark::internal::Benchmark *benchmark)
+{
+    for (int count : {16, 256, 1024, 4094})
+        benchmark->Arg(count);
+    benchmark->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(ParseDocument)->Apply(Sizes);
+BENCHMARK(ReadCycle)->Apply(Sizes);
+BENCHMARK(PlanApply)->Apply(Sizes);
+BENCHMARK(ExecuteCreations)->Apply(Sizes)->Iterations(1);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
