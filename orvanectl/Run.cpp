@@ -6,6 +6,7 @@
 #include "orvanectl/Output.h"
 
 #include <QCoreApplication>
+#include <QHash>
 
 #include <functional>
 
