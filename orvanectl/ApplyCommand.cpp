@@ -79,7 +79,7 @@ int applyProject(const Invocation &invocation, const Platform &platform)
     if (claiming && !invocation.value(u"--host"_s))
         throw UsageError(curlyQuoted(u"--claim"_s)
                              + u" needs --host N: the octet that this machine takes."_s,
-                         invocation.spec);
+                         invocation.syntax);
     const ProjectPlan made = ProjectPlan::make(invocation, platform);
     const std::optional<Claim> claim =
         claiming ? std::optional(claimFor(made, platform)) : std::nullopt;

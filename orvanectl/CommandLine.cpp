@@ -15,7 +15,7 @@ namespace {
 const QString locationDetail = u"the Location to work in, by name (default: the one in use)"_s;
 const QString yesDetail = u"go on without asking for a confirmation"_s;
 
-QList<CommandSpec> makeCommands()
+QList<CommandSyntax> makeCommands()
 {
     return {
         {u"list"_s,
@@ -159,9 +159,9 @@ const QString exitStatuses = u"Exit status: 0 done or nothing to do, 1 a failure
                              u"on standard error), 2 a bad command line."_s;
 
 /// "--on ADAPTER" for "--on", as the usage writes it.
-QString optionWithValue(const CommandSpec &spec, const QString &option)
+QString optionWithValue(const CommandSyntax &syntax, const QString &option)
 {
-    for (const auto &[term, meaning] : spec.details) {
+    for (const auto &[term, meaning] : syntax.details) {
         if (term.startsWith(option + u' '))
             return term;
     }
@@ -177,35 +177,36 @@ bool looksLikeOption(const QString &argument)
 
 } // namespace
 
-const QList<CommandSpec> &commands()
+const QList<CommandSyntax> &commands()
 {
-    static const QList<CommandSpec> all = makeCommands();
+    static const QList<CommandSyntax> all = makeCommands();
     return all;
 }
 
-const CommandSpec *command(const QString &name)
+const CommandSyntax *syntaxOf(const QString &name)
 {
-    for (const CommandSpec &spec : commands()) {
-        if (spec.name == name)
-            return &spec;
+    for (const CommandSyntax &syntax : commands()) {
+        if (syntax.name == name)
+            return &syntax;
     }
     return nullptr;
 }
 
-QString usage(const CommandSpec &spec)
+QString usage(const CommandSyntax &syntax)
 {
     const QString lead = u"Usage: orvanectl "_s;
-    QString text = lead + wrapped(spec.synopsis, lead.size()) + u'\n' + wrapped(spec.purpose, 0);
-    if (!spec.details.isEmpty())
-        text += u'\n' + aligned(spec.details);
+    QString text =
+        lead + wrapped(syntax.synopsis, lead.size()) + u'\n' + wrapped(syntax.purpose, 0);
+    if (!syntax.details.isEmpty())
+        text += u'\n' + aligned(syntax.details);
     return text + u'\n' + wrapped(commonOptions, 0) + wrapped(exitStatuses, 0);
 }
 
 QString programUsage()
 {
     QList<std::pair<QString, QString>> rows;
-    for (const CommandSpec &spec : commands())
-        rows.append({spec.name, spec.purpose});
+    for (const CommandSyntax &syntax : commands())
+        rows.append({syntax.name, syntax.purpose});
     return wrapped(u"orvanectl: Orvane's command line, with the same plans and all-or-nothing "
                    u"changes as the window."_s,
                    0)
@@ -222,15 +223,15 @@ std::optional<QString> Invocation::value(const QString &option) const
     return *found;
 }
 
-UsageError::UsageError(QString sentence, const CommandSpec *spec)
+UsageError::UsageError(QString sentence, const CommandSyntax *syntax)
     : m_sentence(std::move(sentence))
-    , m_spec(spec)
+    , m_syntax(syntax)
     , m_utf8(m_sentence.toUtf8())
 {}
 
 QString UsageError::usage() const
 {
-    return m_spec ? Orvanectl::usage(*m_spec) : programUsage();
+    return m_syntax ? Orvanectl::usage(*m_syntax) : programUsage();
 }
 
 Invocation parse(const QStringList &arguments)
@@ -242,22 +243,22 @@ Invocation parse(const QStringList &arguments)
     if (first == u"--help"_s || first == u"-h"_s || first == u"help"_s) {
         invocation.help = true;
         if (arguments.size() > 1)
-            invocation.spec = command(arguments.at(1));
+            invocation.syntax = syntaxOf(arguments.at(1));
         return invocation;
     }
     if (first == u"--version"_s) {
         invocation.version = true;
         return invocation;
     }
-    invocation.spec = command(first);
-    if (!invocation.spec) {
+    invocation.syntax = syntaxOf(first);
+    if (!invocation.syntax) {
         if (looksLikeOption(first))
             throw UsageError(u"The command comes first, before "_s + curlyQuoted(first) + u"."_s,
                              nullptr);
         throw UsageError(curlyQuoted(first) + u" is no command of orvanectl."_s, nullptr);
     }
-    const CommandSpec &spec = *invocation.spec;
-    const QString commandName = curlyQuoted(u"orvanectl "_s + spec.name);
+    const CommandSyntax &syntax = *invocation.syntax;
+    const QString commandName = curlyQuoted(u"orvanectl "_s + syntax.name);
 
     bool optionsEnded = false;
     for (qsizetype at = 1; at < arguments.size(); ++at) {
@@ -281,39 +282,39 @@ Invocation parse(const QStringList &arguments)
         // "--on en5" and "--on=en5" alike.
         const qsizetype equals = argument.indexOf(u'=');
         const QString option = equals < 0 ? argument : argument.left(equals);
-        if (spec.valueOptions.contains(option)) {
+        if (syntax.valueOptions.contains(option)) {
             if (invocation.values.contains(option))
-                throw UsageError(curlyQuoted(option) + u" is given twice."_s, &spec);
+                throw UsageError(curlyQuoted(option) + u" is given twice."_s, &syntax);
             if (equals >= 0)
                 invocation.values.insert(option, argument.mid(equals + 1));
             else if (at + 1 < arguments.size())
                 invocation.values.insert(option, arguments.at(++at));
             else
                 throw UsageError(curlyQuoted(option) + u" needs a value after it, as in "_s
-                                     + curlyQuoted(optionWithValue(spec, option)) + u"."_s,
-                                 &spec);
-        } else if (spec.flags.contains(option)) {
+                                     + curlyQuoted(optionWithValue(syntax, option)) + u"."_s,
+                                 &syntax);
+        } else if (syntax.flags.contains(option)) {
             if (equals >= 0)
-                throw UsageError(curlyQuoted(option) + u" takes no value."_s, &spec);
+                throw UsageError(curlyQuoted(option) + u" takes no value."_s, &syntax);
             invocation.flags.insert(option);
         } else {
             throw UsageError(curlyQuoted(option) + u" is no option of "_s + commandName + u"."_s,
-                             &spec);
+                             &syntax);
         }
     }
     if (invocation.help)
         return invocation;
 
-    if (invocation.arguments.size() < spec.fewestArguments)
-        throw UsageError(spec.missingArguments, &spec);
-    if (spec.mostArguments && invocation.arguments.size() > *spec.mostArguments)
-        throw UsageError(curlyQuoted(invocation.arguments.at(*spec.mostArguments))
+    if (invocation.arguments.size() < syntax.fewestArguments)
+        throw UsageError(syntax.missingArguments, &syntax);
+    if (syntax.mostArguments && invocation.arguments.size() > *syntax.mostArguments)
+        throw UsageError(curlyQuoted(invocation.arguments.at(*syntax.mostArguments))
                              + u" is one argument too many for "_s + commandName + u"."_s,
-                         &spec);
-    for (const QString &option : spec.requiredOptions) {
+                         &syntax);
+    for (const QString &option : syntax.requiredOptions) {
         if (!invocation.values.contains(option))
-            throw UsageError(commandName + u" needs "_s + optionWithValue(spec, option) + u"."_s,
-                             &spec);
+            throw UsageError(commandName + u" needs "_s + optionWithValue(syntax, option) + u"."_s,
+                             &syntax);
     }
     return invocation;
 }

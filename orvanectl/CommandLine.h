@@ -14,7 +14,7 @@
 namespace Orvanectl {
 
 /// One command of orvanectl: its words, what it takes, and its usage text.
-struct CommandSpec
+struct CommandSyntax
 {
     QString name;
     /// The command line in brief: "plan PROJECT --on ADAPTER [--host N] …".
@@ -36,17 +36,17 @@ struct CommandSpec
 };
 
 /// The commands, in the order the usage lists them.
-[[nodiscard]] const QList<CommandSpec> &commands();
-[[nodiscard]] const CommandSpec *command(const QString &name);
+[[nodiscard]] const QList<CommandSyntax> &commands();
+[[nodiscard]] const CommandSyntax *syntaxOf(const QString &name);
 
 /// The usage of one command, and of the program as a whole.
-[[nodiscard]] QString usage(const CommandSpec &spec);
+[[nodiscard]] QString usage(const CommandSyntax &syntax);
 [[nodiscard]] QString programUsage();
 
 /// What the person asked for, once the command line has been read.
 struct Invocation
 {
-    const CommandSpec *spec = nullptr;
+    const CommandSyntax *syntax = nullptr;
     QStringList arguments;
     QMap<QString, QString> values;
     QSet<QString> flags;
@@ -63,7 +63,7 @@ struct Invocation
 class UsageError : public std::exception
 {
 public:
-    UsageError(QString sentence, const CommandSpec *spec);
+    UsageError(QString sentence, const CommandSyntax *syntax);
 
     [[nodiscard]] const QString &sentence() const { return m_sentence; }
     /// The usage of the command, or of the program when no command was recognised.
@@ -72,7 +72,7 @@ public:
 
 private:
     QString m_sentence;
-    const CommandSpec *m_spec;
+    const CommandSyntax *m_syntax;
     QByteArray m_utf8;
 };
 

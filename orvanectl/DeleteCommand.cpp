@@ -24,7 +24,7 @@ QList<qint64> tagsOf(const Invocation &invocation)
         if (!tag)
             throw UsageError(curlyQuoted(argument)
                                  + u" is no VLAN tag: a tag is a whole number, such as 1010."_s,
-                             invocation.spec);
+                             invocation.syntax);
         tags.append(*tag);
     }
     return tags;

@@ -50,7 +50,7 @@ ProjectPlan ProjectPlan::make(const Invocation &invocation, const Platform &plat
         throw UsageError(curlyQuoted(u"--host"_s)
                              + u" takes this machine's host octet, a number from 0 to 255, not "_s
                              + curlyQuoted(*made.host) + u"."_s,
-                         invocation.spec);
+                         invocation.syntax);
 
     made.project = ProfileIO::read(made.path);
     const auto store = readingStore(platform, invocation.value(u"--location"_s));

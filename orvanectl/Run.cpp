@@ -56,12 +56,12 @@ int run(const QStringList &arguments)
         return 0;
     }
     if (invocation.help) {
-        writeOut(invocation.spec ? usage(*invocation.spec) : programUsage());
+        writeOut(invocation.syntax ? usage(*invocation.syntax) : programUsage());
         return 0;
     }
     try {
         const Platform platform = VLANKit::choosePlatform(arguments);
-        return handlers().value(invocation.spec->name)(invocation, platform);
+        return handlers().value(invocation.syntax->name)(invocation, platform);
     } catch (const UsageError &error) {
         return usageFailure(error);
     } catch (const std::exception &failure) {
