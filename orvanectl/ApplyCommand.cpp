@@ -96,29 +96,27 @@ int applyProject(const Invocation &invocation, const Platform &platform)
     else if (asking)
         writeError(preview.join(u'\n') + u'\n');
 
-    if (!nothingToDo) {
-        if (asking)
-            confirm(question(made, claim));
-        // The system first: a claim is recorded only for a build that landed.
-        if (!made.plan.isEmpty()) {
-            WritingSession session(platform, invocation.value(u"--location"_s));
-            session.store().execute(made.plan);
-        }
-        if (writesFile)
-            ProfileIO::write(*claim->recorded, made.path);
+    if (asking)
+        confirm(question(made, claim));
+    // The system first: a claim is recorded only for a build that landed.
+    if (!made.plan.isEmpty()) {
+        WritingSession session(platform, invocation.value(u"--location"_s));
+        session.store().execute(made.plan);
     }
+    // What was built is said before the file is written, whose failure would end the command.
+    if (!invocation.json)
+        writeLines(completedSentences(made.plan));
+    if (writesFile)
+        ProfileIO::write(*claim->recorded, made.path);
 
     if (invocation.json) {
         QJsonObject document = made.json(true);
         document.insert(u"claim"_s, claim ? QJsonValue(claim->json()) : QJsonValue());
         writeJson(document);
-        return 0;
+    } else if (writesFile) {
+        writeLines({u"Recorded host "_s + claim->host + u" for "_s
+                    + curlyQuoted(claim->machine.name) + u" in "_s + made.fileName() + u'.'});
     }
-    QStringList done = completedSentences(made.plan);
-    if (writesFile)
-        done.append(u"Recorded host "_s + claim->host + u" for "_s
-                    + curlyQuoted(claim->machine.name) + u" in "_s + made.fileName() + u'.');
-    writeLines(done);
     return 0;
 }
 
