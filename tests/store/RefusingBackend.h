@@ -72,6 +72,13 @@ public:
                && CountingBackend::scNetworkInterfaceSetConfiguration(interface, configuration);
     }
 
+    bool scVLANInterfaceSetLocalizedDisplayName(const VLANKit::InterfaceRef &vlan,
+                                                const QString &name) override
+    {
+        return !refuses(QStringLiteral("SCVLANInterfaceSetLocalizedDisplayName"))
+               && CountingBackend::scVLANInterfaceSetLocalizedDisplayName(vlan, name);
+    }
+
 private:
     [[nodiscard]] bool refuses(const QString &operation) const
     {
