@@ -1,0 +1,94 @@
+#include "orvanectl/Output.h"
+
+#include "VLANKit/JsonWriter.h"
+#include "VLANKit/TextRules.h"
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace Orvanectl {
+
+namespace {
+
+void write(std::FILE *stream, const QString &text)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stream);
+    std::fflush(stream);
+}
+
+} // namespace
+
+void writeOut(const QString &text)
+{
+    write(stdout, text);
+}
+
+void writeError(const QString &text)
+{
+    write(stderr, text);
+}
+
+void writeLines(const QStringList &lines)
+{
+    QString text;
+    for (const QString &line : lines)
+        text += line + u'\n';
+    writeOut(text);
+}
+
+void writeJson(const QJsonObject &document)
+{
+    QByteArray bytes = VLANKit::prettyJson(document);
+    if (!bytes.endsWith('\n'))
+        bytes += '\n';
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    std::fflush(stdout);
+}
+
+QStringList table(const QList<QStringList> &rows)
+{
+    QList<qsizetype> widths;
+    for (const QStringList &row : rows) {
+        for (qsizetype column = 0; column < row.size(); ++column) {
+            if (widths.size() <= column)
+                widths.append(0);
+            widths[column] = std::max(widths[column], VLANKit::characterCount(row.at(column)));
+        }
+    }
+    QStringList lines;
+    for (const QStringList &row : rows) {
+        QString line;
+        for (qsizetype column = 0; column < row.size(); ++column) {
+            line += row.at(column);
+            if (column + 1 < row.size())
+                line += QString(widths[column] - VLANKit::characterCount(row.at(column)) + 2, u' ');
+        }
+        lines.append(line);
+    }
+    return lines;
+}
+
+QString counted(qsizetype count, const QString &noun)
+{
+    return QString::number(count) + u' ' + noun + (count == 1 ? u""_s : u"s"_s);
+}
+
+QString orDash(const std::optional<QString> &text)
+{
+    return text ? *text : VLANKit::notReported();
+}
+
+QJsonValue jsonText(const std::optional<QString> &text)
+{
+    return text ? QJsonValue(*text) : QJsonValue(QJsonValue::Null);
+}
+
+QJsonValue jsonNumber(const std::optional<qint64> &number)
+{
+    return number ? QJsonValue(*number) : QJsonValue(QJsonValue::Null);
+}
+
+} // namespace Orvanectl
