@@ -218,6 +218,8 @@ private:
     void syncAdapterNames(const QString &bsdName);
     void checkFrameSizes(const QString &vlanBSD);
     [[nodiscard]] QList<SetRef> allSets() const;
+    /// The attached interfaces that are no VLANs, the first of each kernel name.
+    [[nodiscard]] QList<InterfaceRef> attachedAdapters() const;
     [[nodiscard]] QList<ServiceRef> servicesOf(const SetRef &set) const;
     [[nodiscard]] std::optional<QString> interfaceBSDOf(const ServiceRef &service) const;
     [[nodiscard]] HardwareSettings readHardware(const InterfaceRef &interface) const;

@@ -100,17 +100,8 @@ QString VLANStore::createLocation(const QString &name, bool populate)
     const SetRef set = makeLocation(*this, name);
     if (populate) {
         const QHash<QString, QString> knownNames = serviceNameIndex();
-        QSet<QString> seen;
-        for (const InterfaceRef &interface : attachedInterfaces()) {
-            if (m_platform->scNetworkInterfaceGetInterfaceType(interface)
-                == kSCNetworkInterfaceTypeVLAN)
-                continue;
+        for (const InterfaceRef &interface : attachedAdapters()) {
             const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
-            if (bsdName) {
-                if (seen.contains(*bsdName))
-                    continue;
-                seen.insert(*bsdName);
-            }
             const ServiceRef service = m_platform->scNetworkServiceCreate(m_prefs, interface);
             if (!service || !m_platform->scNetworkServiceEstablishDefaultConfiguration(service))
                 continue;

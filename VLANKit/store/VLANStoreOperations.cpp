@@ -159,10 +159,7 @@ void VLANStore::addService(qint64 tag, const QString &bsdName)
 void VLANStore::addService(const QString &adapterBSD)
 {
     InterfaceRef adapter;
-    for (const InterfaceRef &interface : attachedInterfaces()) {
-        if (m_platform->scNetworkInterfaceGetInterfaceType(interface)
-            == kSCNetworkInterfaceTypeVLAN)
-            continue;
+    for (const InterfaceRef &interface : attachedAdapters()) {
         if (m_platform->scNetworkInterfaceGetBSDName(interface) == adapterBSD) {
             adapter = interface;
             break;

@@ -220,15 +220,10 @@ QList<AdapterRecord> VLANStore::adaptersWithoutService()
             taken.insert(*bsdName);
     }
     const QHash<QString, QString> names = serviceNameIndex();
-    QSet<QString> seen;
-    for (const InterfaceRef &interface : attachedInterfaces()) {
-        if (m_platform->scNetworkInterfaceGetInterfaceType(interface)
-            == kSCNetworkInterfaceTypeVLAN)
-            continue;
+    for (const InterfaceRef &interface : attachedAdapters()) {
         const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
-        if (!bsdName || taken.contains(*bsdName) || seen.contains(*bsdName))
+        if (!bsdName || taken.contains(*bsdName))
             continue;
-        seen.insert(*bsdName);
         if (!canHostService(interface))
             continue;
         AdapterRecord adapter;
@@ -292,6 +287,24 @@ InterfaceRef VLANStore::requireAdapter(const QString &bsdName) const
 QList<SetRef> VLANStore::allSets() const
 {
     return presentHandles(m_platform->scNetworkSetCopyAll(m_prefs));
+}
+
+QList<InterfaceRef> VLANStore::attachedAdapters() const
+{
+    QList<InterfaceRef> adapters;
+    QSet<QString> seen;
+    for (const InterfaceRef &interface : attachedInterfaces()) {
+        if (m_platform->scNetworkInterfaceGetInterfaceType(interface)
+            == kSCNetworkInterfaceTypeVLAN)
+            continue;
+        if (const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface)) {
+            if (seen.contains(*bsdName))
+                continue;
+            seen.insert(*bsdName);
+        }
+        adapters.append(interface);
+    }
+    return adapters;
 }
 
 QList<ServiceRef> VLANStore::servicesOf(const SetRef &set) const

@@ -155,18 +155,26 @@ bool DocumentBackend::lockAndCheck(DocumentSession &session, PreferencesLock &lo
     return true;
 }
 
-bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
+DocumentSession *DocumentBackend::lockedForWriting(const SessionRef &session, PreferencesLock &lock)
 {
     const auto *pointer = sessionOf(session);
     if (!pointer)
-        return false;
+        return nullptr;
     DocumentSession *held = pointer->get();
     // Only an authorized session may change the system's settings, as for any process that
     // is not root.
-    if (!held->isAuthorized())
-        return fail(kSCStatusAccessError);
+    if (!held->isAuthorized()) {
+        fail(kSCStatusAccessError);
+        return nullptr;
+    }
+    return lockAndCheck(*held, lock) ? held : nullptr;
+}
+
+bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
+{
     PreferencesLock lock;
-    if (!lockAndCheck(*held, lock))
+    DocumentSession *held = lockedForWriting(session, lock);
+    if (!held)
         return false;
     if (held->hasChanges()) {
         const std::optional<QByteArray> bytes = xmlPropertyList(held->document().root());
@@ -183,14 +191,9 @@ bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
 
 bool DocumentBackend::scPreferencesApplyChanges(const SessionRef &session)
 {
-    const auto *pointer = sessionOf(session);
-    if (!pointer)
-        return false;
-    DocumentSession *held = pointer->get();
-    if (!held->isAuthorized())
-        return fail(kSCStatusAccessError);
     PreferencesLock lock;
-    if (!lockAndCheck(*held, lock))
+    DocumentSession *held = lockedForWriting(session, lock);
+    if (!held)
         return false;
     // The running system follows the stored file, not what a session holds uncommitted.
     KernelView view = KernelView::applying(held->base(), m_machine);
