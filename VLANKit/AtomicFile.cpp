@@ -12,12 +12,20 @@ namespace VLANKit {
 
 namespace {
 
-bool fail(QString *errorText, int code)
+struct Failure
 {
-    if (errorText)
-        *errorText = QString::fromLocal8Bit(std::strerror(code));
-    return false;
-}
+    QString *text;
+    int *code;
+
+    bool operator()(int errorNumber) const
+    {
+        if (text)
+            *text = QString::fromLocal8Bit(std::strerror(errorNumber));
+        if (code)
+            *code = errorNumber;
+        return false;
+    }
+};
 
 bool writeAll(int fd, const QByteArray &bytes)
 {
@@ -38,8 +46,10 @@ bool writeAll(int fd, const QByteArray &bytes)
 
 } // namespace
 
-bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *errorText)
+bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *errorText,
+                         int *errorCode)
 {
+    const Failure fail{errorText, errorCode};
     const QByteArray target = QFile::encodeName(path);
     const qsizetype slash = target.lastIndexOf('/');
     const QByteArray folder = slash < 0    ? QByteArray(".")
@@ -53,11 +63,11 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
 
     const int fd = ::mkstemp(temporary.data());
     if (fd < 0)
-        return fail(errorText, errno);
+        return fail(errno);
     const auto abandon = [&](int code) {
         ::close(fd);
         ::unlink(temporary.constData());
-        return fail(errorText, code);
+        return fail(code);
     };
     // An existing file keeps its mode; a new one is readable by everybody, as the system's.
     if (::fchmod(fd, hadFile ? (existing.st_mode & 07777) : 0644) != 0)
@@ -69,12 +79,12 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
     if (::close(fd) != 0) {
         const int code = errno;
         ::unlink(temporary.constData());
-        return fail(errorText, code);
+        return fail(code);
     }
     if (::rename(temporary.constData(), target.constData()) != 0) {
         const int code = errno;
         ::unlink(temporary.constData());
-        return fail(errorText, code);
+        return fail(code);
     }
     // The rename itself lives in the folder: flush it too, or a crash may bring back the old name.
     const int folderFd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

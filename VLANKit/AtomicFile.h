@@ -9,9 +9,10 @@
 namespace VLANKit {
 
 /// Writes the bytes to the path atomically. On failure the old file stays as it was, no
-/// temporary file is left behind, and `errorText` (when given) holds the system's words.
+/// temporary file is left behind, `errorText` (when given) holds the system's words and
+/// `errorCode` (when given) its errno.
 [[nodiscard]] bool writeFileAtomically(const QString &path, const QByteArray &bytes,
-                                       QString *errorText = nullptr);
+                                       QString *errorText = nullptr, int *errorCode = nullptr);
 
 /// Flushes a file's data to the disk itself (F_FULLFSYNC where the system has it).
 /// Returns 0, or the errno of the failure. Defined once per system.

@@ -3,6 +3,12 @@
 #include "tests/store/StoreTestSupport.h"
 #include "tests/support/CountingBackend.h"
 
+#include <csignal>
+#include <cstring>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 using namespace VLANKit;
 
@@ -113,6 +119,44 @@ TEST_F(StoreSession, CommitOfAStaleSnapshotFailsWithTheSystemsWords)
                   u"object (3005)"_s);
     }
     EXPECT_EQ(preferencesBytes(), committed);
+}
+
+// A commit that the file system refuses (here a file-size limit, as a full disk would) says so in
+// the system's words and code, and the old file stays whole.
+TEST_F(StoreSession, CommitRefusedByTheFileSystemGivesItsWordsAndKeepsTheFile)
+{
+    const QByteArray before = preferencesBytes();
+    int channel[2];
+    ASSERT_EQ(::pipe(channel), 0);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        ::close(channel[0]);
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        QByteArray said = "(no failure)";
+        try {
+            const auto store = writeStore();
+            (void)store->createVLAN(1060, u"Press"_s, u"en5"_s, IPConfig::dhcp(), true);
+            store->commit();
+        } catch (const VLANError &error) {
+            said = error.errorDescription().toUtf8();
+        }
+        (void)!::write(channel[1], said.constData(), static_cast<size_t>(said.size()));
+        ::_exit(0);
+    }
+    ::close(channel[1]);
+    QByteArray said;
+    char buffer[512];
+    for (ssize_t got; (got = ::read(channel[0], buffer, sizeof buffer)) > 0;)
+        said.append(buffer, got);
+    ::close(channel[0]);
+    ::waitpid(child, nullptr, 0);
+    EXPECT_EQ(QString::fromUtf8(said), u"Committing the configuration failed: "_s
+                                           + QString::fromLocal8Bit(std::strerror(EFBIG))
+                                           + u" (%1)"_s.arg(EFBIG));
+    EXPECT_EQ(preferencesBytes(), before);
 }
 
 TEST_F(StoreSession, StagedChangesAreInvisibleToAnotherStoreUntilCommit)

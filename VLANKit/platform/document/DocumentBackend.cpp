@@ -180,9 +180,10 @@ bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
         const std::optional<QByteArray> bytes = xmlPropertyList(held->document().root());
         if (!bytes)
             return fail(kSCStatusFailed);
-        QString words;
-        if (!writeFileAtomically(m_machine->preferencesPath(), *bytes, &words))
-            return fail(kSCStatusFailed, words);
+        // As the system does, a failure of the file system reports its errno.
+        int code = 0;
+        if (!writeFileAtomically(m_machine->preferencesPath(), *bytes, nullptr, &code))
+            return fail(code);
         held->committed(FileSignature::ofPath(m_machine->preferencesPath()));
     }
     succeed();
