@@ -49,6 +49,20 @@ protected:
         return store->platform().scNetworkProtocolGetConfiguration(protocol);
     }
     ServiceRef service(const QString &id) { return store->requireService(id, id); }
+
+    // Links a service of the preferences into a set, as a hand-edited file would.
+    static void link(QVariantMap &preferences, const QString &setID, const QString &serviceID)
+    {
+        QVariantMap sets = preferences.value(u"Sets"_s).toMap();
+        QVariantMap set = sets.value(setID).toMap();
+        QVariantMap network = set.value(u"Network"_s).toMap();
+        QVariantMap links = network.value(u"Service"_s).toMap();
+        links.insert(serviceID, QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + serviceID}});
+        network.insert(u"Service"_s, links);
+        set.insert(u"Network"_s, network);
+        sets.insert(setID, set);
+        preferences.insert(u"Sets"_s, sets);
+    }
     QStringList orderOfTarget()
     {
         QStringList ids;
@@ -326,17 +340,7 @@ TEST_F(Operations, RemoveServiceOfAVLANRetiresNoLabel)
 TEST_F(Operations, RemoveServiceSharedWithAnotherLocationLeavesItThere)
 {
     // Link Show's Control service into Rehearsal too, as a shared service.
-    editPreferences([](QVariantMap &preferences) {
-        QVariantMap sets = preferences.value(u"Sets"_s).toMap();
-        QVariantMap rehearsal = sets.value(rehearsalSet).toMap();
-        QVariantMap network = rehearsal.value(u"Network"_s).toMap();
-        QVariantMap links = network.value(u"Service"_s).toMap();
-        links.insert(controlID, QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + controlID}});
-        network.insert(u"Service"_s, links);
-        rehearsal.insert(u"Network"_s, network);
-        sets.insert(rehearsalSet, rehearsal);
-        preferences.insert(u"Sets"_s, sets);
-    });
+    editPreferences([](QVariantMap &preferences) { link(preferences, rehearsalSet, controlID); });
     store = writeStore();
     store->removeService(controlID, u"Control"_s);
     EXPECT_TRUE(store->platform().scNetworkServiceCopy(store->prefs(), controlID));
@@ -352,15 +356,7 @@ TEST_F(Operations, RemoveServiceWithoutKernelNameFailsBeforeAnyChange)
         services.insert(vpnID, QVariantMap{{u"UserDefinedName"_s, u"Venue VPN"_s},
                                            {u"Interface"_s, QVariantMap{{u"Type"_s, u"VPN"_s}}}});
         preferences.insert(u"NetworkServices"_s, services);
-        QVariantMap sets = preferences.value(u"Sets"_s).toMap();
-        QVariantMap show = sets.value(u"D5F69D4F-F0A4-52FA-9837-D308F6A60BF8"_s).toMap();
-        QVariantMap network = show.value(u"Network"_s).toMap();
-        QVariantMap links = network.value(u"Service"_s).toMap();
-        links.insert(vpnID, QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + vpnID}});
-        network.insert(u"Service"_s, links);
-        show.insert(u"Network"_s, network);
-        sets.insert(u"D5F69D4F-F0A4-52FA-9837-D308F6A60BF8"_s, show);
-        preferences.insert(u"Sets"_s, sets);
+        link(preferences, u"D5F69D4F-F0A4-52FA-9837-D308F6A60BF8"_s, vpnID);
     });
     store = writeStore();
     const qsizetype services = serviceCount(*store);
@@ -400,15 +396,7 @@ TEST_F(Operations, RemoveVLANPrunesServicesLeftByEarlierDeletions)
         orphan.insert(u"UserDefinedName"_s, u"Old VLAN"_s);
         services.insert(orphanID, orphan);
         preferences.insert(u"NetworkServices"_s, services);
-        QVariantMap sets = preferences.value(u"Sets"_s).toMap();
-        QVariantMap rehearsal = sets.value(rehearsalSet).toMap();
-        QVariantMap network = rehearsal.value(u"Network"_s).toMap();
-        QVariantMap links = network.value(u"Service"_s).toMap();
-        links.insert(orphanID, QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + orphanID}});
-        network.insert(u"Service"_s, links);
-        rehearsal.insert(u"Network"_s, network);
-        sets.insert(rehearsalSet, rehearsal);
-        preferences.insert(u"Sets"_s, sets);
+        link(preferences, rehearsalSet, orphanID);
     });
     store = writeStore();
     ASSERT_TRUE(store->platform().scNetworkServiceCopy(store->prefs(), orphanID));
