@@ -1,7 +1,7 @@
 #include "VLANKit/Platform.h"
 
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/document/DocumentBackend.h"
 #include "VLANKit/platform/document/DocumentMachine.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VLANKit/MachineFacts.h"
+#include "VLANKit/machine/MachineFacts.h"
 #include "VLANKit/platform/PlatformBackend.h"
 
 #include <QString>

@@ -1,5 +1,5 @@
 #include "VLANKit/Platform.h"
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/store/NetworkAuthorization.h"
 #include "VLANKit/store/VLANStore.h"
 #include "tests/support/SyntheticMachine.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VLANKit/Plan.h"
+#include "VLANKit/values/Plan.h"
 
 #include <QJsonArray>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "orvanectl/CommandLine.h"
 
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "orvanectl/Confirmation.h"
 
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 #include "orvanectl/Output.h"
 
 #include <QTextStream>

@@ -1,5 +1,5 @@
 #include "VLANKit/Platform.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
 #include "orvanectl/Changes.h"
 #include "orvanectl/CommandLine.h"
 #include "orvanectl/Commands.h"

@@ -1,7 +1,7 @@
 #include "orvanectl/Output.h"
 
-#include "VLANKit/JsonWriter.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/formats/JsonWriter.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,7 +1,7 @@
 #include "orvanectl/ProjectPlan.h"
 
-#include "VLANKit/ProfileIO.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/project/ProfileIO.h"
 #include "orvanectl/Changes.h"
 #include "orvanectl/CommandLine.h"
 #include "orvanectl/Output.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "VLANKit/Plan.h"
-#include "VLANKit/Profile.h"
+#include "VLANKit/project/Profile.h"
+#include "VLANKit/values/Plan.h"
 
 #include <QJsonObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "VLANKit/Platform.h"
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 #include "orvanectl/CommandLine.h"
 #include "orvanectl/Commands.h"
 #include "orvanectl/Output.h"

@@ -1,7 +1,7 @@
 #include "orvanectl/Sessions.h"
 
 #include "VLANKit/Platform.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
 
 namespace Orvanectl {
 

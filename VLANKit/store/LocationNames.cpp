@@ -1,6 +1,6 @@
 #include "VLANKit/store/LocationNames.h"
 
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "VLANKit/LocationRecord.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
+#include "VLANKit/values/LocationRecord.h"
 
 #include <QList>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "VLANKit/store/NetworkAuthorization.h"
 
 #include "VLANKit/Platform.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "VLANKit/HardwareSettings.h"
-#include "VLANKit/IPConfig.h"
-#include "VLANKit/IPv6Mode.h"
+#include "VLANKit/values/HardwareSettings.h"
+#include "VLANKit/values/IPConfig.h"
+#include "VLANKit/values/IPv6Mode.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #include "VLANKit/store/VLANStore.h"
 
 #include "VLANKit/Platform.h"
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/store/NetworkAuthorization.h"
 #include "VLANKit/store/PlatformLists.h"

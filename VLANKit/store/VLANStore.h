@@ -1,20 +1,20 @@
 #pragma once
 
-#include "VLANKit/AdapterRecord.h"
-#include "VLANKit/HardwareCapabilities.h"
-#include "VLANKit/HardwareSettings.h"
-#include "VLANKit/IPConfig.h"
-#include "VLANKit/IPv6Mode.h"
-#include "VLANKit/InternetMarks.h"
-#include "VLANKit/LocationCopy.h"
-#include "VLANKit/LocationRecord.h"
-#include "VLANKit/Plan.h"
-#include "VLANKit/Profile.h"
-#include "VLANKit/ServiceRecord.h"
-#include "VLANKit/VLANRecord.h"
+#include "VLANKit/internet/InternetMarks.h"
 #include "VLANKit/platform/PlatformHandle.h"
+#include "VLANKit/project/Profile.h"
 #include "VLANKit/store/ServiceDetails.h"
 #include "VLANKit/store/StoreTables.h"
+#include "VLANKit/values/AdapterRecord.h"
+#include "VLANKit/values/HardwareCapabilities.h"
+#include "VLANKit/values/HardwareSettings.h"
+#include "VLANKit/values/IPConfig.h"
+#include "VLANKit/values/IPv6Mode.h"
+#include "VLANKit/values/LocationCopy.h"
+#include "VLANKit/values/LocationRecord.h"
+#include "VLANKit/values/Plan.h"
+#include "VLANKit/values/ServiceRecord.h"
+#include "VLANKit/values/VLANRecord.h"
 
 #include <QHash>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/store/PlatformLists.h"

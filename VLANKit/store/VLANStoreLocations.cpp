@@ -1,5 +1,5 @@
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/store/LocationNames.h"

@@ -1,7 +1,7 @@
-#include "VLANKit/AdapterNaming.h"
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/store/VLANStore.h"
+#include "VLANKit/values/AdapterNaming.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "VLANKit/AnyValue.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/store/VLANStore.h"

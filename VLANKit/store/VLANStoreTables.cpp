@@ -1,8 +1,8 @@
-#include "VLANKit/AdapterNaming.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/store/PlatformLists.h"
 #include "VLANKit/store/VLANStore.h"
+#include "VLANKit/values/AdapterNaming.h"
 
 #include <stdexcept>
 

@@ -1,4 +1,4 @@
-#include "VLANKit/ProfileIO.h"
+#include "VLANKit/project/ProfileIO.h"
 #include "tests/cli/CliTestSupport.h"
 
 #include <QJsonArray>

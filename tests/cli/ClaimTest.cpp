@@ -1,5 +1,5 @@
-#include "VLANKit/MachineIdentity.h"
-#include "VLANKit/ProfileIO.h"
+#include "VLANKit/machine/MachineIdentity.h"
+#include "VLANKit/project/ProfileIO.h"
 #include "tests/cli/CliTestSupport.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #include "tests/cli/CliTestSupport.h"
 
-#include "VLANKit/ProfileIO.h"
+#include "VLANKit/project/ProfileIO.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VLANKit/Profile.h"
+#include "VLANKit/project/Profile.h"
 #include "tests/store/StoreTestSupport.h"
 
 #include <QByteArray>

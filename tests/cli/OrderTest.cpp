@@ -1,5 +1,5 @@
-#include "VLANKit/Defaults.h"
-#include "VLANKit/InternetMemory.h"
+#include "VLANKit/files/Defaults.h"
+#include "VLANKit/internet/InternetMemory.h"
 #include "tests/cli/CliTestSupport.h"
 
 #include <QFileInfo>

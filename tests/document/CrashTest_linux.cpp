@@ -1,6 +1,6 @@
 // A commit that dies between writing its new document and renaming it into place.
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/AnyValue.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "tests/document/DocumentTestSupport.h"
 
 #include <QDir>

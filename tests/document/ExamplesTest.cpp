@@ -1,7 +1,7 @@
 // The example machines, and the choice of the process's platform.
 #include "VLANKit/Platform.h"
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/document/DocumentTestSupport.h"
 

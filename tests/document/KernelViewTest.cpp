@@ -1,6 +1,6 @@
 // What the kernel holds: at boot without a state file, and after each apply.
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/document/DocumentTestSupport.h"
 

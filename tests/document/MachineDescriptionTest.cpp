@@ -1,5 +1,5 @@
 // The hand-written description of a machine, and a folder without one.
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/platform/document/MachineDescriptionReader.h"
 #include "tests/document/DocumentTestSupport.h"

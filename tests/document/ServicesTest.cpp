@@ -1,6 +1,6 @@
 // The service calls: look-ups, creation, names as the system's own file gives them, removal.
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/AnyValue.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/document/DocumentTestSupport.h"
 

@@ -1,7 +1,7 @@
 // Preferences sessions: snapshots, commits under the lock, the stale check, and files that
 // can't be read.
-#include "VLANKit/PropertyList.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/document/DocumentTestSupport.h"
 

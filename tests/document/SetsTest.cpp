@@ -1,6 +1,6 @@
 // The set calls, with their answers for present and absent things.
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/AnyValue.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/document/DocumentTestSupport.h"
 

@@ -1,6 +1,6 @@
 // The VLAN calls: kernel names, tags, parents and display names, over the reference's files.
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/AnyValue.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/document/DocumentTestSupport.h"
 

@@ -1,6 +1,6 @@
 #include "OrvaneApp/model/Appearance.h"
 
-#include "VLANKit/Defaults.h"
+#include "VLANKit/files/Defaults.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
 // Hardware settings: what drivers offer, what a VLAN takes from its adapter, and how frame size,
 // speed and duplex are judged, merged and written. The show machine's preferences, on a machine
 // whose drivers answer in every way a driver can.
-#include "VLANKit/AnyValue.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/store/RefusingBackend.h"
 #include "tests/store/SeamLookups.h"

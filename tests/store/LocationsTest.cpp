@@ -1,6 +1,6 @@
 // Locations: listing, selecting, creating, copying, renaming, removing and switching, on the
 // show machine of the examples.
-#include "VLANKit/AnyValue.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/store/PlatformLists.h"
 #include "tests/store/RefusingBackend.h"

@@ -1,4 +1,4 @@
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "tests/store/SeamLookups.h"
 #include "tests/store/StoreTestSupport.h"

@@ -1,4 +1,4 @@
-#include "VLANKit/ProfileIO.h"
+#include "VLANKit/project/ProfileIO.h"
 #include "tests/store/SeamLookups.h"
 #include "tests/store/StoreTestSupport.h"
 

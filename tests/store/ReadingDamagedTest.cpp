@@ -65,7 +65,7 @@ protected:
 
 } // namespace
 
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/PropertyList.h"
 
 namespace {
 

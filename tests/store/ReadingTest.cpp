@@ -1,4 +1,4 @@
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "tests/store/StoreTestSupport.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/store/PlatformLists.h"
 #include "VLANKit/store/VLANStore.h"

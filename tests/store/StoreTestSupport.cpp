@@ -1,6 +1,6 @@
 #include "tests/store/StoreTestSupport.h"
 
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "tests/support/SyntheticMachine.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "tests/support/SyntheticMachine.h"
 
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/PropertyList.h"
 
 #include <QDir>
 #include <QFile>

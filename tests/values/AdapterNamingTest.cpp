@@ -1,4 +1,4 @@
-#include "VLANKit/AdapterNaming.h"
+#include "VLANKit/values/AdapterNaming.h"
 
 #include "tests/support/QtPrinters.h"
 

@@ -1,6 +1,6 @@
-#include "VLANKit/AddressPlan.h"
+#include "VLANKit/project/AddressPlan.h"
 
-#include "VLANKit/Defaults.h"
+#include "VLANKit/files/Defaults.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,4 +1,4 @@
-#include "VLANKit/AtomicFile.h"
+#include "VLANKit/files/AtomicFile.h"
 
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,6 +1,6 @@
-#include "VLANKit/Defaults.h"
+#include "VLANKit/files/Defaults.h"
 
-#include "VLANKit/DefaultsFile.h"
+#include "VLANKit/files/DefaultsFile.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 

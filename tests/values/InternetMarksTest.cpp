@@ -1,4 +1,4 @@
-#include "VLANKit/InternetMarks.h"
+#include "VLANKit/internet/InternetMarks.h"
 
 #include "tests/support/QtPrinters.h"
 

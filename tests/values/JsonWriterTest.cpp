@@ -1,4 +1,4 @@
-#include "VLANKit/JsonWriter.h"
+#include "VLANKit/formats/JsonWriter.h"
 
 #include "tests/support/QtPrinters.h"
 

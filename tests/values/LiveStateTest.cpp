@@ -1,4 +1,4 @@
-#include "VLANKit/LiveState.h"
+#include "VLANKit/machine/LiveState.h"
 
 #include "tests/support/QtPrinters.h"
 

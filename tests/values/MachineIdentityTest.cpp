@@ -1,6 +1,6 @@
-#include "VLANKit/MachineIdentity.h"
+#include "VLANKit/machine/MachineIdentity.h"
 
-#include "VLANKit/MachineFacts.h"
+#include "VLANKit/machine/MachineFacts.h"
 #include "tests/support/QtPrinters.h"
 
 #include <QRegularExpression>

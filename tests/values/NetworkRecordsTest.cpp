@@ -1,9 +1,9 @@
-#include "VLANKit/AdapterRecord.h"
-#include "VLANKit/HardwareCapabilities.h"
-#include "VLANKit/IPConfig.h"
-#include "VLANKit/IPv6Mode.h"
-#include "VLANKit/ServiceRecord.h"
-#include "VLANKit/VLANRecord.h"
+#include "VLANKit/values/AdapterRecord.h"
+#include "VLANKit/values/HardwareCapabilities.h"
+#include "VLANKit/values/IPConfig.h"
+#include "VLANKit/values/IPv6Mode.h"
+#include "VLANKit/values/ServiceRecord.h"
+#include "VLANKit/values/VLANRecord.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>

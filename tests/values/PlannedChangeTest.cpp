@@ -1,6 +1,6 @@
-#include "VLANKit/PlannedChange.h"
+#include "VLANKit/values/PlannedChange.h"
 
-#include "VLANKit/Plan.h"
+#include "VLANKit/values/Plan.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>

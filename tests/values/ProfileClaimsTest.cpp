@@ -1,5 +1,5 @@
-#include "VLANKit/MachineIdentity.h"
-#include "VLANKit/Profile.h"
+#include "VLANKit/machine/MachineIdentity.h"
+#include "VLANKit/project/Profile.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>

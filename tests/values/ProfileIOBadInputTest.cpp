@@ -1,5 +1,5 @@
-#include "VLANKit/ProfileIO.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
+#include "VLANKit/project/ProfileIO.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 

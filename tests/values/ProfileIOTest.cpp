@@ -1,6 +1,6 @@
-#include "VLANKit/ProfileIO.h"
+#include "VLANKit/project/ProfileIO.h"
 
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 

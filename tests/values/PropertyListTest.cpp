@@ -1,4 +1,4 @@
-#include "VLANKit/PropertyList.h"
+#include "VLANKit/formats/PropertyList.h"
 
 #include "tests/support/QtPrinters.h"
 

@@ -1,4 +1,4 @@
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
 
 #include "tests/support/QtPrinters.h"
 

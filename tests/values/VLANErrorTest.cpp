@@ -1,4 +1,4 @@
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/VLANError.h"
 
 #include "tests/support/QtPrinters.h"
 

@@ -1,9 +1,9 @@
 #include "VLANKit/platform/document/DocumentBackend.h"
 
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/AtomicFile.h"
-#include "VLANKit/PropertyList.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/files/AtomicFile.h"
+#include "VLANKit/formats/AnyValue.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/platform/document/DocumentHandles.h"
 #include "VLANKit/platform/document/PreferencesLock.h"

@@ -1,6 +1,6 @@
 // The interfaces, VLANs and hardware facts of the document backend. What a device offers comes
 // from the machine's description; what it runs at now from the kernel's view.
-#include "VLANKit/AnyValue.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/platform/document/DocumentBackend.h"
 #include "VLANKit/platform/document/DocumentHandles.h"

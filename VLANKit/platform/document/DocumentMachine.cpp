@@ -1,9 +1,9 @@
 #include "VLANKit/platform/document/DocumentMachine.h"
 
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/PropertyList.h"
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
+#include "VLANKit/formats/AnyValue.h"
+#include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/platform/document/MachineDescriptionReader.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "VLANKit/platform/document/DocumentServices.h"
 
-#include "VLANKit/AnyValue.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/platform/document/DocumentPaths.h"
 #include "VLANKit/platform/document/DocumentProtocols.h"

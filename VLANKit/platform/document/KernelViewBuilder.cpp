@@ -1,7 +1,7 @@
 #include "VLANKit/platform/document/KernelViewBuilder.h"
 
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/platform/document/DocumentPaths.h"
 #include "VLANKit/platform/document/DocumentProtocols.h"

@@ -1,7 +1,7 @@
 #include "VLANKit/platform/document/ServiceNaming.h"
 
-#include "VLANKit/AnyValue.h"
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/document/DocumentPaths.h"
 #include "VLANKit/platform/document/InterfaceFacts.h"
 

@@ -1,6 +1,6 @@
 #include "VLANKit/platform/document/SessionIndex.h"
 
-#include "VLANKit/AnyValue.h"
+#include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/document/DocumentPaths.h"
 
 #include <cmath>

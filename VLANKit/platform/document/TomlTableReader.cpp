@@ -1,7 +1,7 @@
 #include "VLANKit/platform/document/TomlTableReader.h"
 
-#include "VLANKit/TextRules.h"
-#include "VLANKit/VLANError.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/core/VLANError.h"
 
 #include <QSet>
 

@@ -1,6 +1,6 @@
 #include "VLANKit/platform/document/VLANNameAllocator.h"
 
-#include "VLANKit/TextRules.h"
+#include "VLANKit/core/TextRules.h"
 
 #include <limits>
 

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "VLANKit/files/Defaults.h"
+
+namespace VLANKit {
+
+/// Defaults in one XML property-list file. Every read looks at the file as it is now, so two
+/// processes see each other's changes; every change rewrites it whole, atomically. A file that
+/// can't be read counts as holding nothing.
+class DefaultsFile final : public DefaultsBackend
+{
+public:
+    explicit DefaultsFile(QString path);
+
+    [[nodiscard]] std::optional<QVariant> value(const QString &key) const override;
+    void setValue(const QString &key, const QVariant &value) override;
+    void remove(const QString &key) override;
+
+    [[nodiscard]] const QString &path() const { return m_path; }
+
+private:
+    [[nodiscard]] QVariantMap load() const;
+    void store(const QVariantMap &values) const;
+
+    QString m_path;
+};
+
+} // namespace VLANKit

@@ -1,0 +1,226 @@
+#include "VLANKit/formats/PropertyList.h"
+
+#include <QDateTime>
+#include <QVariantList>
+#include <QVariantMap>
+
+#include <plist/plist.h>
+
+#include <memory>
+
+namespace VLANKit {
+
+namespace {
+
+// Seconds between the Unix epoch and the property-list epoch, 2001-01-01 00:00:00 UTC.
+constexpr qint64 plistEpochOffset = 978307200;
+
+struct PlistFree
+{
+    void operator()(plist_t node) const { plist_free(node); }
+};
+using PlistPtr = std::unique_ptr<void, PlistFree>;
+
+// Counts the nesting of <dict> and <array> in XML text without parsing it, so that a document
+// nested deeper than any real one never reaches libplist's recursive parser.
+int xmlNestingDepth(const QByteArray &xml)
+{
+    int depth = 0;
+    int deepest = 0;
+    const char *text = xml.constData();
+    const qsizetype size = xml.size();
+    for (qsizetype at = 0; at < size; ++at) {
+        if (text[at] != '<')
+            continue;
+        const QByteArrayView rest(text + at + 1, size - at - 1);
+        const bool closing = rest.startsWith("/");
+        const QByteArrayView name = closing ? rest.sliced(1) : rest;
+        if (!name.startsWith("dict") && !name.startsWith("array"))
+            continue;
+        const qsizetype close = rest.indexOf('>');
+        const bool selfClosing = close > 0 && rest.at(close - 1) == '/';
+        if (closing)
+            --depth;
+        else if (!selfClosing)
+            deepest = std::max(deepest, ++depth);
+    }
+    return deepest;
+}
+
+QVariant toVariant(plist_t node)
+{
+    switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+        uint8_t value = 0;
+        plist_get_bool_val(node, &value);
+        return QVariant(value != 0);
+    }
+    case PLIST_UINT: {
+        // libplist 2.2 reads every integer as unsigned 64-bit: a negative one arrives as its
+        // two's complement, which the cast turns back.
+        uint64_t value = 0;
+        plist_get_uint_val(node, &value);
+        return QVariant(static_cast<qint64>(value));
+    }
+    case PLIST_REAL: {
+        double value = 0;
+        plist_get_real_val(node, &value);
+        return QVariant(value);
+    }
+    case PLIST_STRING:
+    case PLIST_KEY: {
+        char *value = nullptr;
+        if (plist_get_node_type(node) == PLIST_STRING)
+            plist_get_string_val(node, &value);
+        else
+            plist_get_key_val(node, &value);
+        QString text = QString::fromUtf8(value ? value : "");
+        free(value);
+        return QVariant(text);
+    }
+    case PLIST_DATA: {
+        char *bytes = nullptr;
+        uint64_t length = 0;
+        plist_get_data_val(node, &bytes, &length);
+        QByteArray data(bytes, static_cast<qsizetype>(length));
+        free(bytes);
+        return QVariant(data);
+    }
+    case PLIST_DATE: {
+        int32_t seconds = 0;
+        int32_t microseconds = 0;
+        plist_get_date_val(node, &seconds, &microseconds);
+        const qint64 ms = (plistEpochOffset + seconds) * 1000 + microseconds / 1000;
+        return QVariant(QDateTime::fromMSecsSinceEpoch(ms, Qt::UTC));
+    }
+    case PLIST_ARRAY: {
+        QVariantList list;
+        const uint32_t count = plist_array_get_size(node);
+        list.reserve(count);
+        for (uint32_t i = 0; i < count; ++i)
+            list.append(toVariant(plist_array_get_item(node, i)));
+        return QVariant(list);
+    }
+    case PLIST_DICT: {
+        QVariantMap map;
+        plist_dict_iter iter = nullptr;
+        plist_dict_new_iter(node, &iter);
+        for (;;) {
+            char *key = nullptr;
+            plist_t value = nullptr;
+            plist_dict_next_item(node, iter, &key, &value);
+            if (!key)
+                break;
+            map.insert(QString::fromUtf8(key), toVariant(value));
+            free(key);
+        }
+        free(iter);
+        return QVariant(map);
+    }
+    default:
+        return {};
+    }
+}
+
+plist_t fromVariant(const QVariant &value)
+{
+    switch (value.metaType().id()) {
+    case QMetaType::Bool:
+        return plist_new_bool(value.toBool() ? 1 : 0);
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::UInt:
+    case QMetaType::ULongLong:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+        return plist_new_uint(static_cast<uint64_t>(value.toLongLong()));
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return plist_new_real(value.toDouble());
+    case QMetaType::QString:
+        return plist_new_string(value.toString().toUtf8().constData());
+    case QMetaType::QByteArray: {
+        const QByteArray data = value.toByteArray();
+        return plist_new_data(data.constData(), static_cast<uint64_t>(data.size()));
+    }
+    case QMetaType::QDateTime: {
+        const qint64 ms = value.toDateTime().toMSecsSinceEpoch() - plistEpochOffset * 1000;
+        const qint64 seconds = ms >= 0 ? ms / 1000 : -((-ms + 999) / 1000);
+        return plist_new_date(static_cast<int32_t>(seconds),
+                              static_cast<int32_t>((ms - seconds * 1000) * 1000));
+    }
+    case QMetaType::QStringList: {
+        plist_t array = plist_new_array();
+        for (const QString &element : value.toStringList())
+            plist_array_append_item(array, plist_new_string(element.toUtf8().constData()));
+        return array;
+    }
+    case QMetaType::QVariantList: {
+        PlistPtr array(plist_new_array());
+        for (const QVariant &element : value.toList()) {
+            plist_t item = fromVariant(element);
+            if (!item)
+                return nullptr;
+            plist_array_append_item(array.get(), item);
+        }
+        return array.release();
+    }
+    case QMetaType::QVariantMap: {
+        PlistPtr dict(plist_new_dict());
+        const QVariantMap map = value.toMap();
+        for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
+            plist_t item = fromVariant(it.value());
+            if (!item)
+                return nullptr;
+            plist_dict_set_item(dict.get(), it.key().toUtf8().constData(), item);
+        }
+        return dict.release();
+    }
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
+std::optional<QVariant> parsePropertyList(const QByteArray &data, PropertyListLimits limits)
+{
+    if (data.isEmpty() || data.size() > limits.maxBytes)
+        return std::nullopt;
+    const auto length = static_cast<uint32_t>(data.size());
+    plist_t root = nullptr;
+    if (plist_is_binary(data.constData(), length)) {
+        plist_from_bin(data.constData(), length, &root);
+    } else {
+        if (xmlNestingDepth(data) > limits.maxDepth)
+            return std::nullopt;
+        plist_from_xml(data.constData(), length, &root);
+    }
+    // libplist's parsers report no error code: no node is the failure.
+    if (!root)
+        return std::nullopt;
+    PlistPtr owner(root);
+    QVariant value = toVariant(root);
+    if (!value.isValid())
+        return std::nullopt;
+    return value;
+}
+
+std::optional<QByteArray> xmlPropertyList(const QVariant &value)
+{
+    PlistPtr root(fromVariant(value));
+    if (!root)
+        return std::nullopt;
+    char *xml = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(root.get(), &xml, &length);
+    if (!xml)
+        return std::nullopt;
+    QByteArray bytes(xml, static_cast<qsizetype>(length));
+    plist_to_xml_free(xml);
+    return bytes;
+}
+
+} // namespace VLANKit
