@@ -1,5 +1,8 @@
 #include "VLANKit/formats/PropertyList.h"
 
+#include "VLANKit/core/FileProblem.h"
+#include "VLANKit/formats/PropertyListStrings.h"
+
 #include <QDateTime>
 #include <QVariantList>
 #include <QVariantMap>
@@ -7,6 +10,8 @@
 #include <plist/plist.h>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace VLANKit {
 
@@ -67,16 +72,11 @@ QVariant toVariant(plist_t node)
         plist_get_real_val(node, &value);
         return QVariant(value);
     }
-    case PLIST_STRING:
-    case PLIST_KEY: {
-        char *value = nullptr;
-        if (plist_get_node_type(node) == PLIST_STRING)
-            plist_get_string_val(node, &value);
-        else
-            plist_get_key_val(node, &value);
-        QString text = QString::fromUtf8(value ? value : "");
-        free(value);
-        return QVariant(text);
+    case PLIST_STRING: {
+        // Read with its length: libplist asserts when a copied text is longer than its C string.
+        uint64_t length = 0;
+        const char *value = plist_get_string_ptr(node, &length);
+        return QVariant(QString::fromUtf8(value, value ? static_cast<qsizetype>(length) : 0));
     }
     case PLIST_DATA: {
         char *bytes = nullptr;
@@ -122,6 +122,14 @@ QVariant toVariant(plist_t node)
     }
 }
 
+// libplist copies a text up to its first NUL: one that holds a NUL can't be written whole.
+plist_t newString(const QString &text)
+{
+    if (text.contains(QChar(0)))
+        return nullptr;
+    return plist_new_string(text.toUtf8().constData());
+}
+
 plist_t fromVariant(const QVariant &value)
 {
     switch (value.metaType().id()) {
@@ -140,7 +148,7 @@ plist_t fromVariant(const QVariant &value)
     case QMetaType::Float:
         return plist_new_real(value.toDouble());
     case QMetaType::QString:
-        return plist_new_string(value.toString().toUtf8().constData());
+        return newString(value.toString());
     case QMetaType::QByteArray: {
         const QByteArray data = value.toByteArray();
         return plist_new_data(data.constData(), static_cast<uint64_t>(data.size()));
@@ -153,9 +161,14 @@ plist_t fromVariant(const QVariant &value)
     }
     case QMetaType::QStringList: {
         plist_t array = plist_new_array();
-        for (const QString &element : value.toStringList())
-            plist_array_append_item(array, plist_new_string(element.toUtf8().constData()));
-        return array;
+        PlistPtr owner(array);
+        for (const QString &element : value.toStringList()) {
+            plist_t item = newString(element);
+            if (!item)
+                return nullptr;
+            plist_array_append_item(array, item);
+        }
+        return owner.release();
     }
     case QMetaType::QVariantList: {
         PlistPtr array(plist_new_array());
@@ -171,6 +184,8 @@ plist_t fromVariant(const QVariant &value)
         PlistPtr dict(plist_new_dict());
         const QVariantMap map = value.toMap();
         for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
+            if (it.key().contains(QChar(0)))
+                return nullptr;
             plist_t item = fromVariant(it.value());
             if (!item)
                 return nullptr;
@@ -185,17 +200,27 @@ plist_t fromVariant(const QVariant &value)
 
 } // namespace
 
-std::optional<QVariant> parsePropertyList(const QByteArray &data, PropertyListLimits limits)
+std::optional<QVariant> parsePropertyList(const QByteArray &data, PropertyListLimits limits,
+                                          QString *why)
 {
-    if (data.isEmpty() || data.size() > limits.maxBytes)
+    const auto refuse = [why](const QString &reason) -> std::optional<QVariant> {
+        if (why)
+            *why = reason;
         return std::nullopt;
+    };
+    if (data.isEmpty())
+        return refuse(FileProblem::isEmpty());
+    if (data.size() > limits.maxBytes)
+        return refuse(FileProblem::tooLarge(data.size(), u"property list"_s));
+    if (PropertyListStrings::holdNul(data))
+        return refuse(u"it holds a NUL character inside a text"_s);
     const auto length = static_cast<uint32_t>(data.size());
     plist_t root = nullptr;
     if (plist_is_binary(data.constData(), length)) {
         plist_from_bin(data.constData(), length, &root);
     } else {
         if (xmlNestingDepth(data) > limits.maxDepth)
-            return std::nullopt;
+            return refuse(u"it is nested more than %1 levels deep"_s.arg(limits.maxDepth));
         plist_from_xml(data.constData(), length, &root);
     }
     // libplist's parsers report no error code: no node is the failure.

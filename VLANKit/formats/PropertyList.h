@@ -19,12 +19,16 @@ struct PropertyListLimits
 
 /// Parses XML or binary property-list data. Absent when the data is no property list, or is
 /// larger or deeper than the limits: libplist's parser is guarded, since a crash inside it
-/// could not be mended here.
-[[nodiscard]] std::optional<QVariant> parsePropertyList(const QByteArray &data,
-                                                        PropertyListLimits limits = {});
+/// could not be mended here. A text or key that holds a NUL character is refused too: libplist
+/// aborts on some, cuts others short, and could not write any of them back whole. Where the
+/// data is refused for a reason a person can act on, `why` receives it as the end of a
+/// sentence about the file ("it holds a NUL character inside a text").
+[[nodiscard]] std::optional<QVariant>
+parsePropertyList(const QByteArray &data, PropertyListLimits limits = {}, QString *why = nullptr);
 
 /// The value as an XML property list, with tab indentation as the system writes it.
-/// Absent when the value holds something no property list can (a null, an unknown type).
+/// Absent when the value holds something no property list can (a null, an unknown type, a
+/// NUL character in a text or a key).
 [[nodiscard]] std::optional<QByteArray> xmlPropertyList(const QVariant &value);
 
 } // namespace VLANKit

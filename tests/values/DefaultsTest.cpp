@@ -124,6 +124,18 @@ TEST_F(DefaultsInFile, UnreadableFileReadsAsEmptyAndIsReplacedOnWrite)
     EXPECT_EQ(reader().string(u"k"_s), u"v"_s);
 }
 
+// libplist aborts on some texts that hold a NUL: the file reads as unreadable instead.
+TEST_F(DefaultsInFile, NulInsideATextReadsAsEmptyWithoutAborting)
+{
+    folder.write(u"com.quillfence.orvane.plist"_s,
+                 QByteArray("<plist version=\"1.0\"><dict><key>k</key><string>a\0b</string>"
+                            "</dict></plist>",
+                            63));
+    EXPECT_EQ(defaults.value(u"k"_s), std::nullopt);
+    defaults.setString(u"k"_s, u"v"_s);
+    EXPECT_EQ(reader().string(u"k"_s), u"v"_s);
+}
+
 TEST_F(DefaultsInFile, FileIsAnXMLPropertyList)
 {
     defaults.setString(u"Orvane.appearance"_s, u"light"_s);

@@ -77,4 +77,103 @@ TEST(PropertyList, NullCannotBeWritten)
     EXPECT_EQ(xmlPropertyList(QVariantMap{{u"a"_s, QVariant()}}), std::nullopt);
 }
 
+// Binary property lists of one entry, as the system's own writer lays them out.
+const QByteArray binaryWithNulInUTF16Key(
+    "bplist00\xd1\x01\x02\x64\x00\x61\x00\x00\x00\x62\x00\xe9\x52\x78\x79\x08\x0b\x14"
+    "\x00\x00\x00\x00\x00\x00\x01\x01\x00\x00\x00\x00\x00\x00\x00\x03\x00\x00\x00\x00"
+    "\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x17",
+    58);
+const QByteArray binaryWithNulInASCIIValue(
+    "bplist00\xd1\x01\x02\x51\x61\x53\x78\x00\x79\x08\x0b\x0d\x00\x00\x00\x00\x00\x00"
+    "\x01\x01\x00\x00\x00\x00\x00\x00\x00\x03\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00"
+    "\x00\x00\x00\x00\x00\x11",
+    52);
+const QByteArray binaryWithNulInUTF16Value(
+    "bplist00\xd1\x01\x02\x51\x61\x64\x00\x78\x00\x00\x00\x79\x00\xe9\x08\x0b\x0d\x00"
+    "\x00\x00\x00\x00\x00\x01\x01\x00\x00\x00\x00\x00\x00\x00\x03\x00\x00\x00\x00\x00"
+    "\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x16",
+    57);
+const QByteArray binaryWithoutNul(
+    "bplist00\xd1\x01\x02\x51\x61\x63\x00\x78\x00\x79\x00\xe9\x08\x0b\x0d\x00\x00\x00"
+    "\x00\x00\x00\x01\x01\x00\x00\x00\x00\x00\x00\x00\x03\x00\x00\x00\x00\x00\x00\x00"
+    "\x00\x00\x00\x00\x00\x00\x00\x00\x14",
+    55);
+
+QString refusalOf(const QByteArray &data)
+{
+    QString why;
+    EXPECT_EQ(parsePropertyList(data, {}, &why), std::nullopt);
+    return why;
+}
+
+TEST(PropertyList, BinaryWithoutNulReadsWhole)
+{
+    const auto value = parsePropertyList(binaryWithoutNul);
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->toMap(), (QVariantMap{{u"a"_s, u"xy\u00e9"_s}}));
+}
+
+TEST(PropertyList, NulInABinaryUTF16KeyIsRefusedNotAborted)
+{
+    EXPECT_EQ(refusalOf(binaryWithNulInUTF16Key), u"it holds a NUL character inside a text"_s);
+}
+
+TEST(PropertyList, NulInABinaryASCIIValueIsRefusedNotCutShort)
+{
+    EXPECT_EQ(refusalOf(binaryWithNulInASCIIValue), u"it holds a NUL character inside a text"_s);
+}
+
+TEST(PropertyList, NulInABinaryUTF16ValueIsRefusedNotAborted)
+{
+    EXPECT_EQ(refusalOf(binaryWithNulInUTF16Value), u"it holds a NUL character inside a text"_s);
+}
+
+TEST(PropertyList, NulInAnXMLValueOrKeyIsRefused)
+{
+    const QByteArray value("<plist version=\"1.0\"><dict><key>a</key><string>x\0y</string>"
+                           "</dict></plist>",
+                           63);
+    const QByteArray key("<plist version=\"1.0\"><dict><key>a\0b</key><string>xy</string>"
+                         "</dict></plist>",
+                         63);
+    EXPECT_EQ(refusalOf(value), u"it holds a NUL character inside a text"_s);
+    EXPECT_EQ(refusalOf(key), u"it holds a NUL character inside a text"_s);
+}
+
+TEST(PropertyList, NulAsACharacterReferenceIsNoPropertyList)
+{
+    EXPECT_EQ(parsePropertyList("<plist version=\"1.0\"><dict><key>a</key><string>x&#0;y"
+                                "</string></dict></plist>"),
+              std::nullopt);
+}
+
+TEST(PropertyList, ADamagedBinaryTrailerIsNoPropertyList)
+{
+    // Offsets and counts that point past the end must neither be followed nor crash the scan.
+    QByteArray damaged = binaryWithoutNul;
+    for (int at = damaged.size() - 24; at < damaged.size(); ++at)
+        damaged[at] = '\xff';
+    EXPECT_EQ(parsePropertyList(damaged), std::nullopt);
+    QByteArray shortened = binaryWithNulInUTF16Key.left(40);
+    EXPECT_EQ(parsePropertyList(shortened), std::nullopt);
+}
+
+TEST(PropertyList, TheRefusalsSayWhy)
+{
+    EXPECT_EQ(refusalOf(QByteArray()), u"the file is empty"_s);
+    const auto xml = xmlPropertyList(QVariantMap{{u"a"_s, QString(1000, u'x')}});
+    ASSERT_TRUE(xml);
+    QString why;
+    EXPECT_EQ(parsePropertyList(*xml, PropertyListLimits{100, 256}, &why), std::nullopt);
+    EXPECT_TRUE(why.startsWith(u"it is %1 bytes long"_s.arg(xml->size()))) << why.toStdString();
+}
+
+TEST(PropertyList, ATextOrKeyHoldingNulIsNotWritten)
+{
+    const QString withNul = u"x"_s + QChar(0) + u"y"_s;
+    EXPECT_EQ(xmlPropertyList(QVariantMap{{u"a"_s, withNul}}), std::nullopt);
+    EXPECT_EQ(xmlPropertyList(QVariantMap{{withNul, u"a"_s}}), std::nullopt);
+    EXPECT_EQ(xmlPropertyList(QVariantMap{{u"a"_s, QStringList{u"b"_s, withNul}}}), std::nullopt);
+}
+
 } // namespace

@@ -32,12 +32,12 @@ QList<std::pair<HardwareInterface, bool>> DocumentMachine::readInterfaceList(con
     if (!file.open(QIODevice::ReadOnly))
         throw VLANError::operationFailed(curlyQuoted(path) + u" can\u2019t be read: "_s
                                          + file.errorString() + u"."_s);
-    const std::optional<QVariant> parsed = parsePropertyList(file.readAll());
+    QString why = u"it holds no property list whose top level is a dictionary"_s;
+    const std::optional<QVariant> parsed = parsePropertyList(file.readAll(), {}, &why);
     const std::optional<QVariantMap> root = parsed ? anyMap(*parsed) : std::nullopt;
     if (!root)
-        throw VLANError::operationFailed(curlyQuoted(path)
-                                         + u" can\u2019t be read: it holds no property list "
-                                           "whose top level is a dictionary."_s);
+        throw VLANError::operationFailed(curlyQuoted(path) + u" can\u2019t be read: "_s + why
+                                         + u"."_s);
     for (const QVariant &element : anyList(root->value(u"Interfaces"_s)).value_or(QVariantList())) {
         const std::optional<QVariantMap> entry = anyMap(element);
         const std::optional<QString> bsdName =
