@@ -1,6 +1,8 @@
 #include "VLANKit/files/AtomicFile.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstring>
@@ -11,6 +13,10 @@
 namespace VLANKit {
 
 namespace {
+
+// The name a temporary file takes beside its target: mkstemp fills in the six characters.
+const QString temporarySuffix = QStringLiteral(".new-");
+constexpr qsizetype temporaryRandomLength = 6;
 
 struct Failure
 {
@@ -55,7 +61,8 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
     const QByteArray folder = slash < 0    ? QByteArray(".")
                               : slash == 0 ? QByteArray("/")
                                            : target.left(slash);
-    QByteArray temporary = target + ".new-XXXXXX";
+    QByteArray temporary =
+        target + QFile::encodeName(temporarySuffix) + QByteArray(temporaryRandomLength, 'X');
 
     struct stat existing
     {};
@@ -93,6 +100,19 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
         ::close(folderFd);
     }
     return true;
+}
+
+void removeLeftoverTemporaries(const QString &path)
+{
+    const QFileInfo target(path);
+    const QString prefix = target.fileName() + temporarySuffix;
+    QDir folder = target.absoluteDir();
+    const QStringList names =
+        folder.entryList({prefix + u'*'}, QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString &name : names) {
+        if (name.size() == prefix.size() + temporaryRandomLength)
+            (void)folder.remove(name);
+    }
 }
 
 } // namespace VLANKit

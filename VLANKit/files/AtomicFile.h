@@ -14,6 +14,11 @@ namespace VLANKit {
 [[nodiscard]] bool writeFileAtomically(const QString &path, const QByteArray &bytes,
                                        QString *errorText = nullptr, int *errorCode = nullptr);
 
+/// Removes the temporary files that writes of `path` left behind when their process was killed
+/// before the rename ("<name>.new-" and six characters). Only for a caller that holds a lock
+/// which every writer of the file takes: otherwise it could remove a write in progress.
+void removeLeftoverTemporaries(const QString &path);
+
 /// Flushes a file's data to the disk itself (F_FULLFSYNC where the system has it).
 /// Returns 0, or the errno of the failure. Defined once per system.
 [[nodiscard]] int flushToDisk(int fileDescriptor);

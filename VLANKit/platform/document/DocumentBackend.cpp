@@ -128,14 +128,14 @@ DocumentBackend::scPreferencesCreateWithAuthorization(const QString &,
         return {};
     }
     const FileSignature signature = FileSignature::ofDescriptor(static_cast<int>(file.handle()));
-    const std::optional<QVariant> parsed = parsePropertyList(file.readAll());
+    QString why = u"it holds no property list whose top level is a dictionary"_s;
+    const std::optional<QVariant> parsed = parsePropertyList(file.readAll(), {}, &why);
     const std::optional<QVariantMap> root = parsed ? anyMap(*parsed) : std::nullopt;
     if (!root) {
         // The system would start from nothing and write over the file at the next commit; a
         // file that a person edited by hand is refused instead, and left as it is.
-        fail(kSCStatusFailed, curlyQuoted(path)
-                                  + u" can\u2019t be read: it holds no property list whose top "
-                                    "level is a dictionary. The file was left as it is."_s);
+        fail(kSCStatusFailed, curlyQuoted(path) + u" can\u2019t be read: "_s + why
+                                  + u". The file was left as it is."_s);
         return {};
     }
     object->session = std::make_shared<DocumentSession>(m_machine, authorized, *root, signature);
@@ -180,6 +180,9 @@ bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
         const std::optional<QByteArray> bytes = xmlPropertyList(held->document().root());
         if (!bytes)
             return fail(kSCStatusFailed);
+        // A commit killed before its rename left its temporary file; under the lock none is
+        // being written, so this one clears them.
+        removeLeftoverTemporaries(m_machine->preferencesPath());
         // As the system does, a failure of the file system reports its errno.
         int code = 0;
         if (!writeFileAtomically(m_machine->preferencesPath(), *bytes, nullptr, &code))
@@ -200,6 +203,7 @@ bool DocumentBackend::scPreferencesApplyChanges(const SessionRef &session)
     KernelView view = KernelView::applying(held->base(), m_machine);
     const std::optional<QByteArray> bytes = xmlPropertyList(view.toPropertyList());
     QString words;
+    removeLeftoverTemporaries(m_machine->statePath());
     if (!bytes || !writeFileAtomically(m_machine->statePath(), *bytes, &words))
         return fail(kSCStatusFailed, words);
     m_appliedView = std::move(view);
