@@ -76,6 +76,11 @@ QString isAFolder()
     return u"it is a folder, not a file"_s;
 }
 
+QString isNoFile(const QString &what)
+{
+    return u"it is "_s + what + u", not a file"_s;
+}
+
 QString wontOpen()
 {
     return u"the system won\u2019t open it"_s;

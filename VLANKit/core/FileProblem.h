@@ -19,6 +19,9 @@ enum class Kind { text, wholeNumber, trueOrFalse, list, listOfTexts, group };
 // What is wrong, for `cantRead`.
 [[nodiscard]] QString noSuchFile();
 [[nodiscard]] QString isAFolder();
+/// The path names something that is neither a file nor a folder: `what` is "a pipe",
+/// "a device" or "a socket".
+[[nodiscard]] QString isNoFile(const QString &what);
 [[nodiscard]] QString wontOpen();
 [[nodiscard]] QString isEmpty();
 [[nodiscard]] QString tooLarge(qint64 bytes, const QString &thing);

@@ -12,6 +12,11 @@
 #include <QJsonDocument>
 #include <QJsonParseError>
 
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace VLANKit::ProfileIO {
@@ -27,6 +32,49 @@ const QString projectWords = u"project"_s;
 [[noreturn]] void failReading(const QString &path, const QString &what)
 {
     throw VLANError::operationFailed(FileProblem::cantRead(path, what));
+}
+
+/// What a path names when it is no file and no folder, in the words of `FileProblem::isNoFile`;
+/// empty for a file or a folder.
+QString specialKind(mode_t mode)
+{
+    if (S_ISFIFO(mode))
+        return u"a pipe"_s;
+    if (S_ISCHR(mode) || S_ISBLK(mode))
+        return u"a device"_s;
+    if (S_ISSOCK(mode))
+        return u"a socket"_s;
+    return {};
+}
+
+/// Opens the project for reading without ever waiting: a pipe opened for reading would block
+/// until somebody writes into it, so the path is opened without blocking and refused unless it
+/// is a plain file. The descriptor is closed by the QFile it is handed to.
+int openProjectFile(const QString &path)
+{
+    const int fd =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (fd < 0) {
+        if (errno == ENOENT)
+            failReading(path, FileProblem::noSuchFile());
+        failReading(path, FileProblem::wontOpen());
+    }
+    struct stat info
+    {};
+    const bool known = ::fstat(fd, &info) == 0;
+    if (!known || !S_ISREG(info.st_mode)) {
+        ::close(fd);
+        if (!known)
+            failReading(path, FileProblem::wontOpen());
+        if (S_ISDIR(info.st_mode))
+            failReading(path, FileProblem::isAFolder());
+        failReading(path, FileProblem::isNoFile(specialKind(info.st_mode)));
+    }
+    if (info.st_size > largestFile) {
+        ::close(fd);
+        failReading(path, FileProblem::tooLarge(info.st_size, projectWords));
+    }
+    return fd;
 }
 
 void insertIfPresent(QJsonObject &object, const QString &key, const std::optional<QString> &value)
@@ -185,6 +233,15 @@ Profile decoded(const QByteArray &bytes, const QString &path)
 
 void write(const Profile &profile, const QString &path)
 {
+    // Renaming over a pipe or a device would replace it by the project: refuse such a name.
+    struct stat existing
+    {};
+    if (::stat(QFile::encodeName(path).constData(), &existing) == 0 && !S_ISREG(existing.st_mode)) {
+        const QString kind = S_ISDIR(existing.st_mode)
+                                 ? FileProblem::isAFolder()
+                                 : FileProblem::isNoFile(specialKind(existing.st_mode));
+        throw VLANError::operationFailed(FileProblem::cantSave(path, kind));
+    }
     QString reason;
     if (!writeFileAtomically(path, encoded(profile), &reason))
         throw VLANError::operationFailed(FileProblem::cantSave(path, reason));
@@ -192,15 +249,8 @@ void write(const Profile &profile, const QString &path)
 
 Profile read(const QString &path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        failReading(path, FileProblem::noSuchFile());
-    if (info.isDir())
-        failReading(path, FileProblem::isAFolder());
-    if (info.size() > largestFile)
-        failReading(path, FileProblem::tooLarge(info.size(), projectWords));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    QFile file;
+    if (!file.open(openProjectFile(path), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         failReading(path, FileProblem::wontOpen());
     // Read to the end in pieces, not by the size found above: what stands behind the name may
     // be no plain file, and may never end.

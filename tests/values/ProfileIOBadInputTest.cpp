@@ -4,8 +4,11 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 using namespace VLANKit;
@@ -189,6 +192,42 @@ TEST(ProfileIOBadInput, FolderGivesOneSentence)
     TemporaryFolder folder;
     folder.write(u"show.json/inside"_s, "x");
     EXPECT_EQ(outcome(folder.filePath(u"show.json"_s)), cantRead(u"it is a folder, not a file"_s));
+}
+
+// Opening a pipe for reading waits for a writer: the reader must refuse it at once instead.
+TEST(ProfileIOBadInput, PipeGivesOneSentenceAtOnce)
+{
+    TemporaryFolder folder;
+    const QString path = folder.filePath(u"show.json"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    EXPECT_EQ(outcome(path), cantRead(u"it is a pipe, not a file"_s));
+}
+
+TEST(ProfileIOBadInput, DeviceGivesOneSentence)
+{
+    const QString sentence = outcome(u"/dev/null"_s);
+    EXPECT_EQ(sentence, u"\u201Cnull\u201D can\u2019t be read: it is a device, not a file."_s);
+}
+
+TEST(ProfileIOBadInput, SavingOverAPipeIsRefusedAndLeavesIt)
+{
+    TemporaryFolder folder;
+    const QString path = folder.filePath(u"show.json"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    Profile profile;
+    profile.name = u"Show"_s;
+    try {
+        ProfileIO::write(profile, path);
+        ADD_FAILURE() << "saved over a pipe";
+    } catch (const VLANError &error) {
+        EXPECT_EQ(error.errorDescription(),
+                  u"\u201Cshow.json\u201D can\u2019t be saved (it is a pipe, not a file); the file "
+                  "that was there is unchanged."_s);
+    }
+    struct stat info
+    {};
+    ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &info), 0);
+    EXPECT_TRUE(S_ISFIFO(info.st_mode));
 }
 
 TEST(ProfileIOBadInput, HugeFileIsRefusedUnread)
