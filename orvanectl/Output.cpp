@@ -50,21 +50,29 @@ void writeJson(const QJsonObject &document)
 
 QStringList table(const QList<QStringList> &rows)
 {
+    // Each cell's width is counted once: counting characters walks the whole text.
+    QList<QList<qsizetype>> cellWidths;
+    cellWidths.reserve(rows.size());
     QList<qsizetype> widths;
     for (const QStringList &row : rows) {
+        QList<qsizetype> &cells = cellWidths.emplace_back();
         for (qsizetype column = 0; column < row.size(); ++column) {
+            cells.append(VLANKit::characterCount(row.at(column)));
             if (widths.size() <= column)
                 widths.append(0);
-            widths[column] = std::max(widths[column], VLANKit::characterCount(row.at(column)));
+            widths[column] = std::max(widths[column], std::min(cells.last(), widestColumn));
         }
     }
     QStringList lines;
-    for (const QStringList &row : rows) {
+    lines.reserve(rows.size());
+    for (qsizetype at = 0; at < rows.size(); ++at) {
+        const QStringList &row = rows.at(at);
         QString line;
         for (qsizetype column = 0; column < row.size(); ++column) {
             line += row.at(column);
             if (column + 1 < row.size())
-                line += QString(widths[column] - VLANKit::characterCount(row.at(column)) + 2, u' ');
+                line += QString(std::max(widths[column] - cellWidths[at][column], qsizetype(0)) + 2,
+                                u' ');
         }
         lines.append(line);
     }

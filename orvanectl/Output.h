@@ -21,8 +21,12 @@ void writeLines(const QStringList &lines);
 /// level, so that the same answer always gives the same bytes.
 void writeJson(const QJsonObject &document);
 
-/// Rows of cells as lines, each column as wide as its widest cell, counted in characters as a
-/// person counts them; the last column is not padded.
+/// No column is padded wider than this many characters: a longer cell stands whole and pushes
+/// the rest of its own line along, so one huge name does not pad every other line to it.
+inline constexpr qsizetype widestColumn = 48;
+
+/// Rows of cells as lines, each column as wide as its widest cell up to `widestColumn`, counted
+/// in characters as a person counts them; the last column is not padded.
 [[nodiscard]] QStringList table(const QList<QStringList> &rows);
 
 /// "1 VLAN", "3 VLANs": a count takes an "s" unless it is one.

@@ -128,4 +128,29 @@ TEST_F(List, LocationsJsonHoldsWhatTheTextShows)
     }
 }
 
+// A name of a megabyte stands whole on its own line, and pads no other line to its width.
+TEST_F(List, AHugeNamePadsNoOtherLine)
+{
+    const QString huge(1024 * 1024, u'x');
+    editPreferences([&](QVariantMap &root) {
+        QVariantMap interfaces = root.value(u"VirtualNetworkInterfaces"_s).toMap();
+        QVariantMap vlans = interfaces.value(u"VLAN"_s).toMap();
+        QVariantMap first = vlans.value(u"vlan0"_s).toMap();
+        first.insert(u"UserDefinedName"_s, huge);
+        vlans.insert(u"vlan0"_s, first);
+        interfaces.insert(u"VLAN"_s, vlans);
+        root.insert(u"VirtualNetworkInterfaces"_s, interfaces);
+    });
+    const CliRun run = orvanectl({u"list"_s, u"--location"_s, u"Rehearsal"_s});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    QStringList longLines;
+    for (const QString &line : run.lines()) {
+        if (line.size() > 200)
+            longLines.append(line);
+    }
+    ASSERT_EQ(longLines.size(), 1);
+    EXPECT_TRUE(longLines.first().contains(huge));
+    EXPECT_LT(run.out.size(), huge.size() + 4096);
+}
+
 } // namespace
