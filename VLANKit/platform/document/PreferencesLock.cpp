@@ -4,6 +4,8 @@
 #include <QFile>
 
 #include <cerrno>
+#include <chrono>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -12,6 +14,12 @@
 namespace VLANKit {
 
 namespace {
+
+std::function<void()> &waitingNotice()
+{
+    static std::function<void()> notice;
+    return notice;
+}
 
 bool sameFile(int fd, const QByteArray &path)
 {
@@ -24,12 +32,46 @@ bool sameFile(int fd, const QByteArray &path)
     return held.st_dev == named.st_dev && held.st_ino == named.st_ino;
 }
 
+// Takes the flock on `fd`, waiting as long as it takes. While another program holds it, asks
+// again every few milliseconds for the first second, then says so once and waits in the kernel.
+// Answers 0 or the errno of the failure.
+int lockWaiting(int fd, bool &noticeGiven)
+{
+    const auto noticeAt = std::chrono::steady_clock::now()
+                          + std::chrono::milliseconds(PreferencesLock::noticeAfterMilliseconds);
+    while (!noticeGiven) {
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0)
+            return 0;
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            return errno;
+        if (std::chrono::steady_clock::now() >= noticeAt) {
+            noticeGiven = true;
+            if (waitingNotice())
+                waitingNotice()();
+            break;
+        }
+        const timespec pause{0, 20 * 1000 * 1000};
+        ::nanosleep(&pause, nullptr);
+    }
+    while (::flock(fd, LOCK_EX) != 0) {
+        if (errno != EINTR)
+            return errno;
+    }
+    return 0;
+}
+
 } // namespace
+
+void PreferencesLock::setWaitingNotice(std::function<void()> notice)
+{
+    waitingNotice() = std::move(notice);
+}
 
 bool PreferencesLock::acquire(const QString &lockPath, int *errorCode)
 {
     release();
     const QByteArray path = QFile::encodeName(lockPath);
+    bool noticeGiven = false;
     for (;;) {
         const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644);
         if (fd < 0) {
@@ -41,13 +83,9 @@ bool PreferencesLock::acquire(const QString &lockPath, int *errorCode)
                 *errorCode = errno;
             return false;
         }
-        int locked = 0;
-        do {
-            locked = ::flock(fd, LOCK_EX);
-        } while (locked != 0 && errno == EINTR);
-        if (locked != 0) {
+        if (const int code = lockWaiting(fd, noticeGiven); code != 0) {
             if (errorCode)
-                *errorCode = errno;
+                *errorCode = code;
             ::close(fd);
             return false;
         }

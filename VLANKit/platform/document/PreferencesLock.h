@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace VLANKit {
 
 /// The exclusive lock on "<preferences>-lock" that commit and apply hold, as the system's own
@@ -15,6 +17,12 @@ public:
     /// the system does. False with the errno in `errorCode` when the lock file can't be had.
     [[nodiscard]] bool acquire(const QString &lockPath, int *errorCode);
     void release();
+
+    /// How long `acquire` waits for another holder before it calls the waiting notice.
+    static constexpr int noticeAfterMilliseconds = 1000;
+    /// What the process does, once per `acquire`, when another program has held the lock for
+    /// `noticeAfterMilliseconds`: a command line says that it waits. None by default.
+    static void setWaitingNotice(std::function<void()> notice);
 
     PreferencesLock() = default;
     PreferencesLock(const PreferencesLock &) = delete;
