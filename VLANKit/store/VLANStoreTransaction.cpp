@@ -1,3 +1,4 @@
+#include "VLANKit/core/Overloaded.h"
 #include "VLANKit/core/TextRules.h"
 #include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
@@ -7,16 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace VLANKit {
-
-namespace {
-
-template <class... Ts>
-struct Overloaded : Ts...
-{
-    using Ts::operator()...;
-};
-
-} // namespace
 
 void VLANStore::execute(const Plan &plan)
 {

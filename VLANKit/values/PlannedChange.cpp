@@ -1,5 +1,7 @@
 #include "VLANKit/values/PlannedChange.h"
 
+#include "VLANKit/core/Overloaded.h"
+
 using namespace Qt::StringLiterals;
 
 namespace VLANKit {
@@ -9,12 +11,6 @@ namespace {
 // Two blanks between fields; one blank on each side of an arrow, save in CREATE.
 const QString gap = u"  "_s;
 const QString arrow = u" \u2192 "_s;
-
-template <class... Ts>
-struct Overloaded : Ts...
-{
-    using Ts::operator()...;
-};
 
 QString quoted(const QString &text)
 {

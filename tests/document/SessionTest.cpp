@@ -243,7 +243,7 @@ TEST_F(Sessions, ACommitWaitsForTheLockThatAnotherProcessHolds)
 TEST_F(Sessions, TwoProcessesCommittingAtOnceLoseNoChange)
 {
     constexpr int rounds = 25;
-    const auto count = [this](const auto &on) {
+    const auto count = [](const auto &on) {
         for (int done = 0; done < rounds;) {
             const SessionRef session = writeSession(*on);
             const SetRef current = on->scNetworkSetCopyCurrent(session);
