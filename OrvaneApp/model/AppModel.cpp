@@ -7,7 +7,7 @@
 using namespace VLANKit;
 
 AppModel::AppModel(Platform platform, Defaults defaults, bool isPicture,
-                   std::unique_ptr<ModelClock> clock, QObject *parent)
+                   std::shared_ptr<ModelClock> clock, QObject *parent)
     : QObject(parent)
     , m_platform(std::move(platform))
     , m_defaults(std::move(defaults))

@@ -51,7 +51,7 @@ public:
 
     /// `isPicture` is for a render with made-up data: nothing is remembered and nothing watched.
     AppModel(VLANKit::Platform platform, VLANKit::Defaults defaults, bool isPicture,
-             std::unique_ptr<ModelClock> clock = std::make_unique<TimerClock>(),
+             std::shared_ptr<ModelClock> clock = std::make_shared<TimerClock>(),
              QObject *parent = nullptr);
     ~AppModel() override;
 
@@ -306,7 +306,7 @@ private:
     VLANKit::Platform m_platform;
     VLANKit::Defaults m_defaults;
     bool m_isPicture = false;
-    std::unique_ptr<ModelClock> m_clock;
+    std::shared_ptr<ModelClock> m_clock;
 
     AppTab m_tab = AppTab::current;
     QList<VLANKit::AdapterRecord> m_adapters;
