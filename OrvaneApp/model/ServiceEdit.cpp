@@ -131,7 +131,8 @@ QString ServiceEdit::trimmedName() const
 bool ServiceEdit::nameChanged() const
 {
     const QString trimmed = trimmedName();
-    return m_edited.name != m_source.name && trimmed != m_source.name && !trimmed.isEmpty();
+    return m_edited.name != m_source.name && !canonicallyEqual(trimmed, m_source.name)
+           && !trimmed.isEmpty();
 }
 
 bool ServiceEdit::nameEmptied() const

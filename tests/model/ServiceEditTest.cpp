@@ -293,6 +293,30 @@ TEST_F(Rows, RevertedRowKeepsWhatTheReloadTold)
     EXPECT_EQ(reverted->parentFrameRanges(), row->parentFrameRanges());
 }
 
+TEST_F(Rows, OnlyAnAdapterServiceCanLeaveTheLocation)
+{
+    const AppModel::Row adapter = adapterRow(*model, u"DONGLE"_s);
+    const std::optional<PlannedChange> removal = adapter->removeFromLocationChange();
+    ASSERT_TRUE(removal);
+    EXPECT_EQ(*removal, (PlannedChange::RemoveService{*adapter->source().serviceID, u"DONGLE"_s}));
+    EXPECT_FALSE(vlanRow(*model, 1010)->removeFromLocationChange());
+}
+
+TEST_F(Rows, MoreSettingsAreDNSSearchDomainsMTUOrSpeed)
+{
+    const AppModel::Row row = vlanRow(*model, 1012);
+    row->setDNSServers(u" , "_s);
+    row->setSearchDomains(QString());
+    row->setMTU(QString());
+    row->setSpeed(QString());
+    ASSERT_FALSE(row->hasMoreSettings());
+    row->setSearchDomains(u"show.local"_s);
+    EXPECT_TRUE(row->hasMoreSettings());
+    row->setSearchDomains(QString());
+    row->setMTU(u"1400"_s);
+    EXPECT_TRUE(row->hasMoreSettings());
+}
+
 TEST_F(Rows, ListSplitsAtCommasSpacesTabsAndLineEnds)
 {
     EXPECT_EQ(ServiceEdit::list(u"a, b\tc\n\nd,,e"_s),
