@@ -58,6 +58,24 @@ struct OrderLine
     friend bool operator==(const OrderLine &, const OrderLine &) = default;
 };
 
+/// A VLAN of this Mac as the Add tab lists it, every value as displayed.
+struct ExistingVLAN
+{
+    QString id;
+    QString tag;
+    QString name;
+    bool inLocation = false;
+    bool isOn = false;
+    QString mode;
+    bool isManual = false;
+    QString address;
+    QString subnetMask;
+    QString router;
+    QString dns;
+
+    friend bool operator==(const ExistingVLAN &, const ExistingVLAN &) = default;
+};
+
 /// The line that says how many VLANs outrank the internet, and whether that is a warning.
 struct RankingLine
 {
