@@ -88,13 +88,7 @@ IPConfig Draft::ipConfig() const
 {
     if (m_mode != IPMode::manual)
         return IPConfig::dhcp();
-    IPConfig ip;
-    ip.mode = IPMode::manual;
-    ip.address = trimSpacesAndTabs(m_fields.address);
-    ip.subnetMask = trimSpacesAndTabs(m_fields.subnetMask);
-    const QString router = trimSpacesAndTabs(m_fields.router);
-    if (!router.isEmpty())
-        ip.router = router;
+    IPConfig ip = IPFields::manual(m_fields.address, m_fields.subnetMask, m_fields.router);
     static const QRegularExpression separators(u"[, ]"_s);
     ip.dns = m_fields.dns.split(separators, Qt::SkipEmptyParts);
     return ip;
@@ -103,7 +97,7 @@ IPConfig Draft::ipConfig() const
 void Draft::fillSubnetMask(const AddressPlan &plan)
 {
     if (m_fields.subnetMask.isEmpty())
-        setSubnetMask(plan.subnetMask.isEmpty() ? u"255.255.255.0"_s : plan.subnetMask);
+        setSubnetMask(IPFields::planMask(plan));
 }
 
 void Draft::applyPlan(const AddressPlan &plan)
@@ -128,7 +122,7 @@ void Draft::modeChanged(IPMode from, const AddressPlan &plan)
             update(m_stash, std::optional<IPFields>());
             setFields(kept);
         }
-        fillSubnetMask(plan);
+        // Fills an empty mask too.
         applyPlan(plan);
     }
 }

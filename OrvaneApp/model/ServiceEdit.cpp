@@ -8,12 +8,6 @@
 using namespace Qt::StringLiterals;
 using namespace VLANKit;
 
-namespace {
-
-const QString standardMask = u"255.255.255.0"_s;
-
-} // namespace
-
 ServiceEdit::Edited ServiceEdit::Edited::from(const RowSource &source)
 {
     Edited edited;
@@ -192,15 +186,10 @@ bool ServiceEdit::hasMoreSettings() const
 
 IPConfig ServiceEdit::ipConfigOf(const Edited &edited)
 {
+    if (edited.mode == IPMode::manual)
+        return IPFields::manual(edited.address, edited.subnetMask, edited.router);
     IPConfig ip;
     ip.mode = edited.mode;
-    if (edited.mode != IPMode::manual)
-        return ip;
-    ip.address = trimSpacesAndTabs(edited.address);
-    ip.subnetMask = trimSpacesAndTabs(edited.subnetMask);
-    const QString router = trimSpacesAndTabs(edited.router);
-    if (!router.isEmpty())
-        ip.router = router;
     return ip;
 }
 
@@ -287,7 +276,7 @@ void ServiceEdit::applyPlan(const AddressPlan &plan)
     if (m_edited.mode != IPMode::manual)
         return;
     if (m_edited.subnetMask.isEmpty())
-        setSubnetMask(plan.subnetMask.isEmpty() ? standardMask : plan.subnetMask);
+        setSubnetMask(IPFields::planMask(plan));
     if (m_edited.address.isEmpty()) {
         if (const std::optional<QString> address = plan.addressForTag(m_source.tag))
             setAddress(*address);
