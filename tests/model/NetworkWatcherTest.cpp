@@ -4,6 +4,8 @@
 #include "tests/model/ModelTestSupport.h"
 #include "tests/support/CountingBackend.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 using namespace VLANKit;
 
@@ -19,6 +21,7 @@ public:
                                          std::function<void()> changed) override
     {
         sessionName = name;
+        notify = changed;
         return refuseCreate ? DynamicStoreRef()
                             : CountingBackend::scDynamicStoreCreate(name, std::move(changed));
     }
@@ -39,6 +42,8 @@ public:
     bool refuseKeys = false;
     bool refuseRunLoop = false;
     QString sessionName;
+    /// What the platform calls for each notification.
+    std::function<void()> notify;
     QStringList subscribedKeys;
     QStringList subscribedPatterns;
 };
@@ -90,6 +95,35 @@ TEST_F(Watcher, RefusedRunLoopGivesNoWatcherAndTheModelGoesOn)
     EXPECT_FALSE(model.isWatching());
     model.reload();
     EXPECT_EQ(model.loadError(), std::nullopt);
+}
+
+TEST_F(Watcher, NotificationQueuesTheDebounce)
+{
+    const auto watched = backend();
+    AppModel model(Platform(watched), defaults, false, clock);
+    model.startWatching();
+    ASSERT_TRUE(watched->notify);
+    watched->notify();
+    // Queued, not called inside the platform's callback.
+    EXPECT_FALSE(model.isRefreshPending());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(model.isRefreshPending());
+}
+
+TEST_F(Watcher, NotificationAfterTheModelIsGoneDoesNothing)
+{
+    const auto watched = backend();
+    auto model = std::make_unique<AppModel>(Platform(watched), defaults, false, clock);
+    model->startWatching();
+    ASSERT_TRUE(watched->notify);
+    const std::function<void()> notify = watched->notify;
+    notify();
+    model.reset();
+    notify();
+    QCoreApplication::processEvents();
+    clock->advance(std::chrono::seconds(10));
+    EXPECT_EQ(clock->pending(), 0);
+    EXPECT_EQ(watched->calls(u"scPreferencesCreate"_s), 0);
 }
 
 } // namespace
