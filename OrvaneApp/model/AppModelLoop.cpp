@@ -12,9 +12,10 @@ namespace {
 
 // A burst of events gives one read, this long after its last event.
 constexpr auto debounce = 600ms;
-// An empty read after a non-empty one is read again this often...
+// An empty read after a non-empty one is read again this often, and once the retries spent
+// exceed the budget the next read is believed whatever it says: what is on show stays for
+// about 2 s.
 constexpr auto retryInterval = 400ms;
-// ...this many times, before the next read is believed whatever it says.
 constexpr int retryBudget = 4;
 // What the system needs to settle after a change before it is read back.
 constexpr auto settling = 700ms;
