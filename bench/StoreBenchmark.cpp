@@ -155,3 +155,33 @@ int main(int argc, char **argv)
     benchmark::Shutdown();
     return 0;
 }
+
+// The window's whole read: the model's reload over a fresh store, merged with the rows it
+// already shows, as after every network event.
+#include "OrvaneApp/model/AppModel.h"
+#include "VLANKit/files/Defaults.h"
+
+namespace {
+
+void ModelReload(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    writeSyntheticMachine(folder.path(), static_cast<int>(state.range(0)));
+    AppModel model(Platform::overFolder(folder.path()),
+                   Defaults::inFile(folder.filePath(u"defaults.plist"_s)), false);
+    // This program has no GUI application to measure fonts with: a fixed width per character
+    // stands in for the name column's measure.
+    model.measureName = [](const QString &name) { return 7.0 * double(name.size()); };
+    model.reload();
+    double total = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        model.reload();
+        total += secondsSince(start);
+    }
+    reportRatio(state, total / static_cast<double>(state.iterations()));
+}
+
+BENCHMARK(ModelReload)->Apply(Sizes);
+
+} // namespace

@@ -1,4 +1,4 @@
-#include "tests/store/StoreTestSupport.h"
+#include "tests/support/StoreTestSupport.h"
 
 #include "VLANKit/formats/PropertyList.h"
 #include "tests/support/SyntheticMachine.h"
