@@ -1,0 +1,175 @@
+#include "OrvaneApp/proof/RenderProof.h"
+
+#include "OrvaneApp/model/AppModel.h"
+#include "OrvaneApp/model/ServiceEdit.h"
+#include "OrvaneApp/model/Theme.h"
+#include "OrvaneApp/surfaces/AppearancePalette.h"
+#include "OrvaneApp/surfaces/ResultSheet.h"
+#include "OrvaneApp/surfaces/kit/TextControlWalk.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QImage>
+#include <QPixmap>
+#include <QSaveFile>
+#include <QTimer>
+
+#include <cmath>
+#include <cstdio>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The proof's lines are UTF-8 on standard output, whatever the locale.
+void say(const QString &line)
+{
+    const QByteArray bytes = (line + u'\n').toUtf8();
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    std::fflush(stdout);
+}
+
+/// What a result sheet shows when no "--message" is given.
+const QString sampleResult = u"Turned 1014 - Video Stream (DOCK) off.\n"
+                             "Turned 1018 - RF (DOCK) off.\n"
+                             "Turned 1021 - Music Dept (DOCK) off.\n"
+                             "Turned 1099 - Internet (DOCK) off."_s;
+
+/// How long the drawn surface is given to lay itself out before it is grabbed.
+constexpr int layoutMilliseconds = 250;
+
+/// A sheet is drawn at its own width and the height its layout asks for there.
+void sizeToItsLayout(QWidget &sheet)
+{
+    const int width = sheet.minimumWidth() > 0 ? sheet.minimumWidth() : sheet.sizeHint().width();
+    const int height =
+        sheet.hasHeightForWidth() ? sheet.heightForWidth(width) : sheet.sizeHint().height();
+    sheet.resize(width, std::max(height, sheet.minimumSizeHint().height()));
+}
+
+} // namespace
+
+RenderProof::RenderProof(RenderRequest request, VLANKit::Platform platform,
+                         VLANKit::Defaults defaults)
+    : m_request(std::move(request))
+    , m_platform(std::move(platform))
+    , m_defaults(std::move(defaults))
+{}
+
+std::optional<QString> RenderProof::projectsFolder(const QString &besideExecutable)
+{
+    const QFileInfo folder(
+        QFileInfo(besideExecutable).absoluteDir().filePath(u"Orvane Projects"_s));
+    if (!folder.isDir())
+        return std::nullopt;
+    return folder.absoluteFilePath();
+}
+
+int RenderProof::run()
+{
+    AppModel model(m_platform, m_defaults, true);
+    if (m_request.location)
+        model.setPinnedLocation(m_request.location);
+    if (m_request.host) {
+        VLANKit::AddressPlan plan = model.addressPlan();
+        plan.host = *m_request.host;
+        model.setAddressPlan(plan);
+    }
+    if (m_request.buildOn)
+        model.setSelectedAdapter(*m_request.buildOn);
+    model.reload(false);
+    if (model.loadError()) {
+        say(u"render: could not read the configuration \u2014 "_s + *model.loadError());
+        return 1;
+    }
+
+    // The picture's appearance, at the base font, whatever the stored one says.
+    AppearancePalette::apply(m_request.dark ? Appearance::dark : Appearance::light);
+    QApplication::setFont(Theme::base());
+
+    std::unique_ptr<QWidget> root(build(model));
+    if (!root)
+        return 1;
+    root->setAttribute(Qt::WA_DontShowOnScreen);
+    root->show();
+    QEventLoop loop;
+    QTimer::singleShot(layoutMilliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+
+    if (!writePicture(*root))
+        return 1;
+    const TextControlCount count = walkTextControls(*root);
+    say(u"render: "_s + m_request.output);
+    printMeasures(model);
+    say(u"render: %1 text fields, %2 pop-ups, %3 cut short, %4 at the edge"_s.arg(count.fields)
+            .arg(count.popups)
+            .arg(count.cutShort.size())
+            .arg(count.atEdge.size()));
+    for (const QString &text : count.cutShort)
+        say(u"render: CUT SHORT \u2014 "_s + text);
+    for (const QString &text : count.atEdge)
+        say(u"render: AT THE EDGE \u2014 "_s + text);
+    return count.atEdge.isEmpty() ? 0 : 2;
+}
+
+QWidget *RenderProof::build(AppModel &model)
+{
+    using Surface = RenderRequest::Surface;
+    switch (m_request.surface) {
+    case Surface::result: {
+        const BuildResult result{.succeeded = !m_request.failed,
+                                 .message = m_request.message.value_or(sampleResult)};
+        auto *sheet = new ResultSheet(result, [] {});
+        sizeToItsLayout(*sheet);
+        return sheet;
+    }
+    default:
+        (void)model;
+        say(u"render: "_s + RenderRequest::word(m_request.surface) + u" is not built yet"_s);
+        return nullptr;
+    }
+}
+
+bool RenderProof::writePicture(QWidget &root)
+{
+    const QImage image = root.grab().toImage();
+    if (image.isNull()) {
+        say(u"render: could not make a bitmap"_s);
+        return false;
+    }
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG")) {
+        say(u"render: could not encode the PNG"_s);
+        return false;
+    }
+    QSaveFile file(m_request.output);
+    if (!file.open(QIODevice::WriteOnly) || file.write(png) != png.size() || !file.commit()) {
+        say(u"render: could not write "_s + m_request.output);
+        return false;
+    }
+    return true;
+}
+
+void RenderProof::printMeasures(const AppModel &model) const
+{
+    qsizetype vlanRows = 0;
+    for (const AppModel::Row &row : model.rows()) {
+        if (row->source().isVLAN())
+            ++vlanRows;
+    }
+    say(u"render: location \u201c"_s + model.selectedLocation() + u"\u201d, "_s
+        + QString::number(vlanRows) + u" VLANs, name column "_s
+        + QString::number(std::lround(model.nameColumnWidth())));
+    const std::optional<QString> folder = projectsFolder(QCoreApplication::applicationFilePath());
+    say(u"render: projects folder \u2014 "_s + folder.value_or(u"none beside the app"_s));
+    const RankingLine ranking = model.rankingLine();
+    say(u"render: ranking line \u2014 "_s + ranking.text
+        + (model.orderNeedsFixing() ? u" [Apply recommended order\u2026 offered]"_s : QString()));
+}

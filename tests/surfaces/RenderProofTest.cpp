@@ -1,0 +1,145 @@
+// The picture maker as a person runs it: the real executable over a copy of the show machine,
+// with the user's configuration and data pointed at temporary folders.
+#include "tests/support/TemporaryFolder.h"
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QProcessEnvironment>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ProofRun
+{
+    int status = -1;
+    QStringList lines;
+    QString err;
+};
+
+class RenderProofRun : public ::testing::Test
+{
+protected:
+    RenderProofRun()
+        : machine(temporary.copyOf(u"examples/show-mac"_s, u"mac"_s))
+    {}
+
+    ProofRun orvane(const QStringList &arguments, const QString &scale = {}) const
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_CONFIG_HOME"_s, temporary.filePath(u"config"_s));
+        environment.insert(u"XDG_DATA_HOME"_s, temporary.filePath(u"data"_s));
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        if (!scale.isEmpty())
+            environment.insert(u"QT_SCALE_FACTOR"_s, scale);
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(ORVANE_PATH), arguments + QStringList{u"--prefs"_s, machine});
+        ProofRun run;
+        if (!process.waitForFinished(60000)) {
+            ADD_FAILURE() << "orvane did not finish";
+            process.kill();
+            process.waitForFinished();
+            return run;
+        }
+        run.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        QString out = QString::fromUtf8(process.readAllStandardOutput());
+        if (out.endsWith(u'\n'))
+            out.chop(1);
+        run.lines = out.split(u'\n');
+        run.err = QString::fromUtf8(process.readAllStandardError());
+        return run;
+    }
+
+    QString picture(const QString &name) const { return temporary.filePath(name); }
+
+    TemporaryFolder temporary;
+    QString machine;
+};
+
+const QString usageStart = u"usage: --render current|add|new|rename|order|reorder|import|result"_s;
+
+TEST_F(RenderProofRun, RenderWithoutAFileGivesTheUsageAndOne)
+{
+    const ProofRun run = orvane({u"--render"_s, u"current"_s});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.err.contains(usageStart)) << run.err.toStdString();
+    EXPECT_EQ(run.lines, QStringList{QString()});
+}
+
+TEST_F(RenderProofRun, AnUnknownSurfaceGivesTheUsageAndOne)
+{
+    const ProofRun run = orvane({u"--render"_s, u"nonsense"_s, picture(u"out.png"_s)});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.err.contains(usageStart));
+    EXPECT_FALSE(QFile::exists(picture(u"out.png"_s)));
+}
+
+TEST_F(RenderProofRun, TheResultSheetIsDrawnWithTheSampleLines)
+{
+    const QString out = picture(u"result.png"_s);
+    const ProofRun run = orvane({u"--no-care"_s, u"--render"_s, u"result"_s, out});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    ASSERT_EQ(run.lines.size(), 5) << run.lines.join(u'\n').toStdString();
+    EXPECT_EQ(run.lines.at(0), u"render: "_s + out);
+    EXPECT_EQ(run.lines.at(1), u"render: location \u201cShow\u201d, 12 VLANs, name column 210"_s);
+    EXPECT_EQ(run.lines.at(2), u"render: projects folder \u2014 none beside the app"_s);
+    EXPECT_TRUE(run.lines.at(3).startsWith(u"render: ranking line \u2014 "_s));
+    // The head, the four sample lines and "OK".
+    EXPECT_EQ(run.lines.at(4), u"render: 6 text fields, 0 pop-ups, 0 cut short, 0 at the edge"_s);
+    const QImage image(out);
+    ASSERT_FALSE(image.isNull());
+    EXPECT_EQ(image.width(), 460);
+}
+
+TEST_F(RenderProofRun, AFailedResultShowsEachLineOfItsMessage)
+{
+    const ProofRun run =
+        orvane({u"--render"_s, u"result"_s, picture(u"failed.png"_s), u"--message"_s,
+                u"One.\\nTwo.\\nThree."_s, u"--failed"_s, u"--appearance"_s, u"light"_s});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    EXPECT_EQ(run.lines.last(), u"render: 5 text fields, 0 pop-ups, 0 cut short, 0 at the edge"_s);
+}
+
+TEST_F(RenderProofRun, TwiceTheScaleGivesTheSameLinesAndTwiceThePixels)
+{
+    const ProofRun once = orvane({u"--render"_s, u"result"_s, picture(u"1.png"_s)});
+    const ProofRun twice = orvane({u"--render"_s, u"result"_s, picture(u"2.png"_s)}, u"2"_s);
+    ASSERT_EQ(twice.status, 0) << twice.err.toStdString();
+    EXPECT_EQ(once.lines.mid(1), twice.lines.mid(1));
+    EXPECT_EQ(QImage(picture(u"2.png"_s)).width(), 2 * QImage(picture(u"1.png"_s)).width());
+}
+
+TEST_F(RenderProofRun, AnOutputInAMissingFolderFails)
+{
+    const QString out = picture(u"missing/out.png"_s);
+    const ProofRun run = orvane({u"--render"_s, u"result"_s, out});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.lines, QStringList{u"render: could not write "_s + out});
+}
+
+TEST_F(RenderProofRun, AnUnreadableConfigurationFails)
+{
+    QFile file(machine + u"/preferences.plist"_s);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("<plist><dict>");
+    file.close();
+    const ProofRun run = orvane({u"--render"_s, u"result"_s, picture(u"out.png"_s)});
+    EXPECT_EQ(run.status, 1);
+    ASSERT_EQ(run.lines.size(), 1);
+    EXPECT_TRUE(
+        run.lines.first().startsWith(u"render: could not read the configuration \u2014 "_s));
+}
+
+TEST_F(RenderProofRun, ASurfaceNotBuiltYetSaysSo)
+{
+    const ProofRun run =
+        orvane({u"--render"_s, u"current"_s, picture(u"out.png"_s), u"--drive-proof"_s});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.lines, QStringList{u"render: current is not built yet"_s});
+}
+
+} // namespace
