@@ -1,6 +1,7 @@
 #include "OrvaneApp/surfaces/ResultSheet.h"
 
 #include "OrvaneApp/model/Theme.h"
+#include "OrvaneApp/surfaces/kit/ConfirmParts.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -41,7 +42,7 @@ ResultSheet::ResultSheet(const BuildResult &result, std::function<void()> dismis
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
-    auto *ok = new QPushButton(u"OK"_s, this);
+    QPushButton *ok = ConfirmParts::confirmButton(u"OK"_s, false, this);
     ok->setDefault(true);
     buttons->addWidget(ok);
     layout->addSpacing(4);
@@ -56,5 +57,5 @@ ResultSheet::ResultSheet(const BuildResult &result, std::function<void()> dismis
 
 QString ResultSheet::head(bool succeeded)
 {
-    return succeeded ? u"Done"_s : u"Couldn\u2019t do that"_s;
+    return succeeded ? u"Done"_s : u"Couldn't do that"_s;
 }

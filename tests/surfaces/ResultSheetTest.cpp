@@ -21,13 +21,13 @@ QStringList texts(const ResultSheet &sheet)
 TEST(ResultSheet, HeadSaysHowItWent)
 {
     EXPECT_EQ(ResultSheet::head(true), u"Done"_s);
-    EXPECT_EQ(ResultSheet::head(false), u"Couldn\u2019t do that"_s);
+    EXPECT_EQ(ResultSheet::head(false), u"Couldn't do that"_s);
 }
 
 TEST(ResultSheet, EachLineOfAFailureIsItsOwnSelectableText)
 {
     const ResultSheet sheet(BuildResult{.succeeded = false, .message = u"One.\nTwo."_s}, [] {});
-    EXPECT_EQ(texts(sheet), (QStringList{u"Couldn\u2019t do that"_s, u"One."_s, u"Two."_s}));
+    EXPECT_EQ(texts(sheet), (QStringList{u"Couldn't do that"_s, u"One."_s, u"Two."_s}));
     for (const QLabel *label : sheet.findChildren<QLabel *>()) {
         if (label->text() != ResultSheet::head(false))
             EXPECT_TRUE(label->textInteractionFlags() & Qt::TextSelectableByMouse);
