@@ -4,6 +4,7 @@
 #include "OrvaneApp/model/ServiceEdit.h"
 #include "OrvaneApp/model/Theme.h"
 #include "OrvaneApp/surfaces/AppearancePalette.h"
+#include "OrvaneApp/surfaces/HelpView.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
 #include "OrvaneApp/surfaces/kit/TextControlWalk.h"
 
@@ -39,6 +40,9 @@ const QString sampleResult = u"Turned 1014 - Video Stream (DOCK) off.\n"
                              "Turned 1018 - RF (DOCK) off.\n"
                              "Turned 1021 - Music Dept (DOCK) off.\n"
                              "Turned 1099 - Internet (DOCK) off."_s;
+
+/// The help window is drawn at this size, tall enough to show what a person scrolls through.
+constexpr QSize helpSize(620, 900);
 
 /// How long the drawn surface is given to lay itself out before it is grabbed.
 constexpr int layoutMilliseconds = 250;
@@ -127,6 +131,11 @@ QWidget *RenderProof::build(AppModel &model)
         auto *sheet = new ResultSheet(result, [] {});
         sizeToItsLayout(*sheet);
         return sheet;
+    }
+    case Surface::help: {
+        auto *help = new HelpView;
+        help->resize(helpSize);
+        return help;
     }
     default:
         (void)model;

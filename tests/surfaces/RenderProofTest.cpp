@@ -113,6 +113,16 @@ TEST_F(RenderProofRun, TwiceTheScaleGivesTheSameLinesAndTwiceThePixels)
     EXPECT_EQ(QImage(picture(u"2.png"_s)).width(), 2 * QImage(picture(u"1.png"_s)).width());
 }
 
+TEST_F(RenderProofRun, TheHelpWindowIsDrawnAt620By900WithItsHead)
+{
+    const QString out = picture(u"help.png"_s);
+    const ProofRun run = orvane({u"--render"_s, u"help"_s, out});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    EXPECT_EQ(run.lines.last(), u"render: 3 text fields, 0 pop-ups, 0 cut short, 0 at the edge"_s);
+    const QImage image(out);
+    EXPECT_EQ(image.size(), QSize(620, 900));
+}
+
 TEST_F(RenderProofRun, AnOutputInAMissingFolderFails)
 {
     const QString out = picture(u"missing/out.png"_s);
