@@ -104,6 +104,8 @@ public:
     [[nodiscard]] HardwareSettings readHardware(const ServiceRef &service) const;
     [[nodiscard]] static HardwareSettings hardwareSettings(const QVariantMap &configuration);
     [[nodiscard]] bool hasSettableHardware(const InterfaceRef &interface) const;
+    /// Whether an interface of this type word has hardware settings the store changes.
+    [[nodiscard]] static bool hasSettableHardwareType(const std::optional<QString> &type);
     [[nodiscard]] bool isVLAN(const InterfaceRef &interface) const;
     [[nodiscard]] static QStringList stringArray(const std::optional<QVariantList> &list);
 
@@ -232,8 +234,11 @@ private:
                                                 const std::optional<QString> &type) const;
     /// Fills the settings of a service's reading: IPv4, IPv6, DNS and hardware.
     void readSettings(ServiceReading &reading) const;
-    /// What the interface can be told, with each driver's answer from `ask`.
+    /// What the interface of that kernel name and type can be told, with each driver's answer
+    /// from `ask`.
     [[nodiscard]] std::optional<HardwareCapabilities> offers(const InterfaceRef &interface,
+                                                             const std::optional<QString> &bsdName,
+                                                             const std::optional<QString> &type,
                                                              const DriverQuestion &ask) const;
     [[nodiscard]] std::optional<ClosedRange> frameRange(const QString &vlanBSD,
                                                         const DriverQuestion &ask) const;

@@ -41,17 +41,19 @@ private:
 
 std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interface) const
 {
-    return offers(interface, driverCapabilities);
+    return offers(interface, m_platform->scNetworkInterfaceGetBSDName(interface),
+                  m_platform->scNetworkInterfaceGetInterfaceType(interface), driverCapabilities);
 }
 
 std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interface,
+                                                      const std::optional<QString> &bsdName,
+                                                      const std::optional<QString> &type,
                                                       const DriverQuestion &ask) const
 {
     auto capabilities = ask(interface);
     if (!capabilities)
         return std::nullopt;
-    const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
-    if (bsdName && (isVLAN(interface) || bsdName->startsWith(u"vlan"_s))) {
+    if (bsdName && (type == kSCNetworkInterfaceTypeVLAN || bsdName->startsWith(u"vlan"_s))) {
         // A VLAN has no media of its own, and takes the frame sizes its parent takes.
         capabilities->speeds.clear();
         if (const auto range = frameRange(*bsdName, ask))
@@ -101,9 +103,9 @@ QHash<QString, HardwareCapabilities> VLANStore::hardwareCapabilitiesByService() 
         if (!service.id || seen.contains(*service.id))
             continue;
         seen.insert(*service.id);
-        if (!service.interface || !hasSettableHardware(service.interface))
+        if (!service.interface || !hasSettableHardwareType(service.type))
             continue;
-        if (auto capabilities = offers(service.interface, asking))
+        if (auto capabilities = offers(service.interface, service.bsdName, service.type, asking))
             offered.insert(*service.id, std::move(*capabilities));
     }
     return offered;

@@ -62,11 +62,6 @@ QStringList searchDomainsFrom(const std::optional<QVariantMap> &dns)
     return stringListIn(*dns, kSCPropNetDNSSearchDomains).value_or(QStringList());
 }
 
-bool isSettableType(const std::optional<QString> &type)
-{
-    return type == kSCNetworkInterfaceTypeEthernet || type == kSCNetworkInterfaceTypeVLAN;
-}
-
 } // namespace
 
 IPConfig VLANStore::readIP(const ServiceRef &service) const
@@ -126,7 +121,7 @@ HardwareSettings VLANStore::readHardware(const InterfaceRef &interface) const
 HardwareSettings VLANStore::readHardware(const InterfaceRef &interface,
                                          const std::optional<QString> &type) const
 {
-    if (!interface || !isSettableType(type))
+    if (!interface || !hasSettableHardwareType(type))
         return HardwareSettings::automatic();
     const auto configuration = m_platform->scNetworkInterfaceGetConfiguration(interface);
     if (!configuration)
@@ -158,7 +153,12 @@ HardwareSettings VLANStore::hardwareSettings(const QVariantMap &configuration)
 
 bool VLANStore::hasSettableHardware(const InterfaceRef &interface) const
 {
-    return isSettableType(m_platform->scNetworkInterfaceGetInterfaceType(interface));
+    return hasSettableHardwareType(m_platform->scNetworkInterfaceGetInterfaceType(interface));
+}
+
+bool VLANStore::hasSettableHardwareType(const std::optional<QString> &type)
+{
+    return type == kSCNetworkInterfaceTypeEthernet || type == kSCNetworkInterfaceTypeVLAN;
 }
 
 bool VLANStore::isVLAN(const InterfaceRef &interface) const

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "VLANKit/files/FileSignature.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/document/DocumentMachine.h"
-#include "VLANKit/platform/document/FileSignature.h"
 #include "VLANKit/platform/document/InterfaceFacts.h"
 #include "VLANKit/platform/document/KernelView.h"
 #include "VLANKit/platform/document/PreferencesFile.h"

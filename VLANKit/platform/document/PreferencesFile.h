@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VLANKit/platform/document/FileSignature.h"
+#include "VLANKit/files/FileSignature.h"
 
 #include <QString>
 #include <QVariantMap>
