@@ -6,6 +6,7 @@
 #include "VLANKit/values/IPConfig.h"
 #include "VLANKit/values/IPv6Mode.h"
 #include "VLANKit/values/ServiceRecord.h"
+#include "VLANKit/values/VLANRecord.h"
 
 #include <QHash>
 #include <QList>
@@ -77,6 +78,8 @@ struct ReadTables
     std::optional<QHash<QString, ServiceDetails>> serviceIndex;
     /// The Location's services as records, in service order.
     std::optional<QList<ServiceRecord>> services;
+    /// Every VLAN as a record, ascending by tag, all but `live`: that is the kernel's to say.
+    std::optional<QList<VLANRecord>> vlans;
 };
 
 } // namespace VLANKit

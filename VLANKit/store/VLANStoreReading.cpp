@@ -64,35 +64,39 @@ QHash<QString, ServiceDetails> VLANStore::serviceIndex() const
 
 QList<VLANRecord> VLANStore::vlans() const
 {
-    const QHash<QString, ServiceDetails> index = serviceIndex();
-    const QList<VLANReading> interfaces = vlanReadings();
-    QList<VLANRecord> records;
-    records.reserve(interfaces.size());
-    for (const VLANReading &vlan : interfaces) {
-        VLANRecord record;
-        record.bsdName = vlan.bsdName.value_or(notReported());
-        record.parentBSD = vlan.parentBSD.value_or(notReported());
-        record.name = vlan.name.value_or(record.bsdName);
-        record.tag = vlan.tag.value_or(0);
-        record.parentName = vlan.parentName.value_or(notReported());
-        // The kernel's view, not the snapshot's: asked at every read.
-        record.live = isLive(record.bsdName);
-        const auto found = index.constFind(record.bsdName);
-        if (found != index.constEnd()) {
-            record.serviceName = found->name;
-            record.serviceEnabled = found->enabled;
-            record.ip = found->ip;
-            record.serviceID = found->id;
-            record.ipv6 = found->ipv6;
-            record.searchDomains = found->searchDomains;
-            record.hardware = found->hardware;
-        } else {
-            record.ip = IPConfig{IPMode::unknown, std::nullopt, std::nullopt, std::nullopt, {}};
-            record.ipv6 = IPv6Mode::unknown;
+    QList<VLANRecord> records = kept(readTables().vlans, "the VLANs", [this] {
+        const QHash<QString, ServiceDetails> index = serviceIndex();
+        const QList<VLANReading> interfaces = vlanReadings();
+        QList<VLANRecord> sorted;
+        sorted.reserve(interfaces.size());
+        for (const VLANReading &vlan : interfaces) {
+            VLANRecord record;
+            record.bsdName = vlan.bsdName.value_or(notReported());
+            record.parentBSD = vlan.parentBSD.value_or(notReported());
+            record.name = vlan.name.value_or(record.bsdName);
+            record.tag = vlan.tag.value_or(0);
+            record.parentName = vlan.parentName.value_or(notReported());
+            const auto found = index.constFind(record.bsdName);
+            if (found != index.constEnd()) {
+                record.serviceName = found->name;
+                record.serviceEnabled = found->enabled;
+                record.ip = found->ip;
+                record.serviceID = found->id;
+                record.ipv6 = found->ipv6;
+                record.searchDomains = found->searchDomains;
+                record.hardware = found->hardware;
+            } else {
+                record.ip = IPConfig{IPMode::unknown, std::nullopt, std::nullopt, std::nullopt, {}};
+                record.ipv6 = IPv6Mode::unknown;
+            }
+            sorted.append(std::move(record));
         }
-        records.append(std::move(record));
-    }
-    sortStably(records, [](const VLANRecord &a, const VLANRecord &b) { return a.tag < b.tag; });
+        sortStably(sorted, [](const VLANRecord &a, const VLANRecord &b) { return a.tag < b.tag; });
+        return sorted;
+    });
+    // The kernel's view, not the snapshot's: asked at every read.
+    for (VLANRecord &record : records)
+        record.live = isLive(record.bsdName);
     return records;
 }
 
