@@ -90,6 +90,11 @@ void RefreshReads(benchmark::State &state)
     const Platform platform = Platform::overFolder(folder.path());
     const Defaults defaults = Defaults::inFile(folder.filePath(u"defaults.plist"_s));
     QFile preferences(folder.filePath(u"preferences.plist"_s));
+    {
+        // The window has refreshed before: what the backend learns once per process is known.
+        VLANStore first(platform);
+        readAsARefreshDoes(first, u"Show"_s, defaults);
+    }
     double total = 0;
     for (auto _ : state) {
         state.PauseTiming();
