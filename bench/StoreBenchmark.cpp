@@ -1,10 +1,13 @@
 #include "VLANKit/Platform.h"
+#include "VLANKit/files/Defaults.h"
 #include "VLANKit/formats/PropertyList.h"
 #include "VLANKit/store/NetworkAuthorization.h"
 #include "VLANKit/store/VLANStore.h"
+#include "tests/support/RefreshReads.h"
 #include "tests/support/SyntheticMachine.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -78,6 +81,54 @@ void ReadCycle(benchmark::State &state)
     reportRatio(state, total / static_cast<double>(state.iterations()));
 }
 
+// The reads of one refresh of the window, on one store, after a network event: the document
+// has changed since the last read, so the store parses it once.
+void RefreshReads(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    writeSyntheticMachine(folder.path(), static_cast<int>(state.range(0)));
+    const Platform platform = Platform::overFolder(folder.path());
+    const Defaults defaults = Defaults::inFile(folder.filePath(u"defaults.plist"_s));
+    QFile preferences(folder.filePath(u"preferences.plist"_s));
+    {
+        // The window has refreshed before: what the backend learns once per process is known.
+        VLANStore first(platform);
+        readAsARefreshDoes(first, u"Show"_s, defaults);
+    }
+    double total = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        // A new modification time is a new version of the document to the backend.
+        (void)preferences.open(QIODevice::ReadWrite);
+        (void)preferences.setFileTime(QDateTime::currentDateTime().addSecs(state.iterations()),
+                                      QFileDevice::FileModificationTime);
+        preferences.close();
+        state.ResumeTiming();
+        const auto start = std::chrono::steady_clock::now();
+        VLANStore store(platform);
+        readAsARefreshDoes(store, u"Show"_s, defaults);
+        total += secondsSince(start);
+    }
+    reportRatio(state, total / static_cast<double>(state.iterations()));
+}
+
+// A second store on a document that nobody changed since the first one read it.
+void OpenUnchanged(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    writeSyntheticMachine(folder.path(), static_cast<int>(state.range(0)));
+    const Platform platform = Platform::overFolder(folder.path());
+    const VLANStore first(platform);
+    double total = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        const VLANStore second(platform);
+        benchmark::DoNotOptimize(second.prefs());
+        total += secondsSince(start);
+    }
+    reportRatio(state, total / static_cast<double>(state.iterations()));
+}
+
 Profile profileOf(int count)
 {
     Profile profile;
@@ -133,6 +184,31 @@ void ExecuteCreations(benchmark::State &state)
     reportRatio(state, total / static_cast<double>(state.iterations()));
 }
 
+// Deleting every VLAN of the machine in one transaction: staging, the commit and the apply.
+void ExecuteRemovals(benchmark::State &state)
+{
+    const int count = static_cast<int>(state.range(0));
+    QList<qint64> tags;
+    for (int tag = 1; tag <= count; ++tag)
+        tags.append(tag);
+    double total = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        QTemporaryDir folder;
+        writeSyntheticMachine(folder.path(), count);
+        const Platform platform = Platform::overFolder(folder.path());
+        const Plan plan = VLANStore(platform).planDelete(tags, std::nullopt);
+        NetworkAuthorization authorization(platform);
+        authorization.acquire();
+        VLANStore store(platform, authorization);
+        state.ResumeTiming();
+        const auto start = std::chrono::steady_clock::now();
+        store.execute(plan);
+        total += secondsSince(start);
+    }
+    reportRatio(state, total / static_cast<double>(state.iterations()));
+}
+
 void Sizes(benchmark::internal::Benchmark *benchmark)
 {
     for (int count : {16, 256, 1024, 4094})
@@ -142,8 +218,11 @@ void Sizes(benchmark::internal::Benchmark *benchmark)
 
 BENCHMARK(ParseDocument)->Apply(Sizes);
 BENCHMARK(ReadCycle)->Apply(Sizes);
+BENCHMARK(RefreshReads)->Apply(Sizes);
+BENCHMARK(OpenUnchanged)->Apply(Sizes);
 BENCHMARK(PlanApply)->Apply(Sizes);
 BENCHMARK(ExecuteCreations)->Apply(Sizes)->Iterations(1);
+BENCHMARK(ExecuteRemovals)->Apply(Sizes)->Iterations(1);
 
 } // namespace
 

@@ -39,11 +39,21 @@ void DefaultsFile::remove(const QString &key)
 
 QVariantMap DefaultsFile::load() const
 {
+    // Every write replaces the file by a rename, and an edit changes its time or size: the
+    // same signature is the same bytes.
+    const FileSignature now = FileSignature::ofPath(m_path);
+    if (!now.isMissing() && now == m_signature)
+        return m_values;
     QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_signature = {};
         return {};
+    }
+    m_signature = FileSignature::ofDescriptor(static_cast<int>(file.handle()));
+    ++m_parses;
     const auto parsed = parsePropertyList(file.readAll());
-    return parsed ? anyMap(*parsed).value_or(QVariantMap()) : QVariantMap();
+    m_values = parsed ? anyMap(*parsed).value_or(QVariantMap()) : QVariantMap();
+    return m_values;
 }
 
 void DefaultsFile::store(const QVariantMap &values) const

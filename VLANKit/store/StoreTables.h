@@ -3,6 +3,7 @@
 #include "VLANKit/platform/PlatformHandle.h"
 
 #include <QHash>
+#include <QList>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -10,6 +11,13 @@
 #include <optional>
 
 namespace VLANKit {
+
+/// A service of some Location, with the set that holds it.
+struct ServiceBinding
+{
+    SetRef set;
+    ServiceRef service;
+};
 
 /// What one store session derives from its snapshot and keeps, so that a batch of thousands of
 /// changes doesn't rebuild it per change. Each table is filled on first use; a staging
@@ -33,6 +41,10 @@ struct StoreTables
     std::optional<QHash<QString, QString>> nameIndex;
     /// Every service name on each interface, in any Location.
     std::optional<QHash<QString, QSet<QString>>> namesEverywhere;
+    /// Every service of every Location by its interface's kernel name.
+    std::optional<QHash<QString, QList<ServiceBinding>>> servicesByBSD;
+    /// Kernel names beginning with "vlan" that services stand on and no VLAN interface has.
+    std::optional<QSet<QString>> orphanedVLANs;
     /// How many VLANs stand on each adapter ("—" for those without one).
     std::optional<QHash<QString, qint64>> parentCounts;
     /// Labels of the VLAN-capable adapters, and each adapter's label as asked for.
@@ -64,6 +76,8 @@ struct StoreTables
     {
         dropTarget();
         dropNames();
+        servicesByBSD.reset();
+        orphanedVLANs.reset();
     }
     void dropAll() { *this = StoreTables(); }
 };

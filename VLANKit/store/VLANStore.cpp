@@ -3,6 +3,7 @@
 #include "VLANKit/Platform.h"
 #include "VLANKit/core/TextRules.h"
 #include "VLANKit/core/VLANError.h"
+#include "VLANKit/platform/ChangeNotingBackend.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/store/NetworkAuthorization.h"
 #include "VLANKit/store/PlatformLists.h"
@@ -35,7 +36,8 @@ VLANError unavailable(PlatformBackend &platform)
 } // namespace
 
 VLANStore::VLANStore(const Platform &platform)
-    : m_platform(platform.sharedBackend())
+    : m_noting(std::make_shared<ChangeNotingBackend>(platform.sharedBackend()))
+    , m_platform(m_noting)
 {
     installDefaults();
     m_prefs = m_platform->scPreferencesCreate(sessionName);
@@ -45,7 +47,8 @@ VLANStore::VLANStore(const Platform &platform)
 }
 
 VLANStore::VLANStore(const Platform &platform, const NetworkAuthorization &authorization)
-    : m_platform(platform.sharedBackend())
+    : m_noting(std::make_shared<ChangeNotingBackend>(platform.sharedBackend()))
+    , m_platform(m_noting)
 {
     installDefaults();
     m_prefs = m_platform->scPreferencesCreateWithAuthorization(sessionName, authorization.ref());
@@ -74,12 +77,15 @@ bool VLANStore::canHostService(const InterfaceRef &interface)
     if (!m_canHostService) {
         // Made on first use; it probes this store's own snapshot and commits nothing.
         m_canHostService = [this](const InterfaceRef &candidate) {
+            // The probe leaves the snapshot as it found it: what was read from it stays true.
+            const quint64 changes = m_noting->changes();
             const ServiceRef probe = m_platform->scNetworkServiceCreate(m_prefs, candidate);
             if (!probe)
                 return false;
             const bool established =
                 m_platform->scNetworkServiceEstablishDefaultConfiguration(probe);
             (void)m_platform->scNetworkServiceRemove(probe);
+            m_noting->restoreChanges(changes);
             return established;
         };
     }

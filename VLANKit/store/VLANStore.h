@@ -3,6 +3,7 @@
 #include "VLANKit/internet/InternetMarks.h"
 #include "VLANKit/platform/PlatformHandle.h"
 #include "VLANKit/project/Profile.h"
+#include "VLANKit/store/ReadTables.h"
 #include "VLANKit/store/ServiceDetails.h"
 #include "VLANKit/store/StoreTables.h"
 #include "VLANKit/values/AdapterRecord.h"
@@ -31,6 +32,7 @@
 
 namespace VLANKit {
 
+class ChangeNotingBackend;
 class NetworkAuthorization;
 class Platform;
 class PlatformBackend;
@@ -102,6 +104,8 @@ public:
     [[nodiscard]] HardwareSettings readHardware(const ServiceRef &service) const;
     [[nodiscard]] static HardwareSettings hardwareSettings(const QVariantMap &configuration);
     [[nodiscard]] bool hasSettableHardware(const InterfaceRef &interface) const;
+    /// Whether an interface of this type word has hardware settings the store changes.
+    [[nodiscard]] static bool hasSettableHardwareType(const std::optional<QString> &type);
     [[nodiscard]] bool isVLAN(const InterfaceRef &interface) const;
     [[nodiscard]] static QStringList stringArray(const std::optional<QVariantList> &list);
 
@@ -186,6 +190,9 @@ public:
     /// What the interface of a service of this Location can be told.
     [[nodiscard]] std::optional<HardwareCapabilities>
     hardwareCapabilities(const QString &serviceID) const;
+    /// The same for every service of this Location in one walk, each driver asked once: by
+    /// service identifier, with no entry where `hardwareCapabilities` gives none.
+    [[nodiscard]] QHash<QString, HardwareCapabilities> hardwareCapabilitiesByService() const;
     /// The frame sizes of each adapter that can carry a VLAN, by kernel name.
     [[nodiscard]] QHash<QString, ClosedRange> adapterFrameRanges() const;
     /// The settings merged into an interface's configuration, other keys kept; nothing when
@@ -223,6 +230,18 @@ private:
     [[nodiscard]] QList<ServiceRef> servicesOf(const SetRef &set) const;
     [[nodiscard]] std::optional<QString> interfaceBSDOf(const ServiceRef &service) const;
     [[nodiscard]] HardwareSettings readHardware(const InterfaceRef &interface) const;
+    [[nodiscard]] HardwareSettings readHardware(const InterfaceRef &interface,
+                                                const std::optional<QString> &type) const;
+    /// Fills the settings of a service's reading: IPv4, IPv6, DNS and hardware.
+    void readSettings(ServiceReading &reading) const;
+    /// What the interface of that kernel name and type can be told, with each driver's answer
+    /// from `ask`.
+    [[nodiscard]] std::optional<HardwareCapabilities> offers(const InterfaceRef &interface,
+                                                             const std::optional<QString> &bsdName,
+                                                             const std::optional<QString> &type,
+                                                             const DriverQuestion &ask) const;
+    [[nodiscard]] std::optional<ClosedRange> frameRange(const QString &vlanBSD,
+                                                        const DriverQuestion &ask) const;
     [[nodiscard]] bool isLive(const QString &bsdName) const;
     [[nodiscard]] QString displayNameOr(const InterfaceRef &interface,
                                         const QString &fallback) const;
@@ -239,16 +258,33 @@ private:
     [[nodiscard]] QHash<QString, QSet<QString>> computeServiceNamesEverywhere() const;
     [[nodiscard]] QString computeAdapterLabel(const QString &bsdName) const;
     [[nodiscard]] bool isTarget(const SetRef &set) const;
-    void serviceMade(const ServiceRef &service, const InterfaceRef &interface);
+    [[nodiscard]] const QHash<QString, QList<ServiceBinding>> &servicesByBSD() const;
+    [[nodiscard]] const QSet<QString> &orphanedVLANNames() const;
+    void serviceMade(const ServiceRef &service, const InterfaceRef &interface, const SetRef &set);
+    /// The services bound to these kernel names were removed from every Location; `allRemoved`
+    /// is false when the system kept some of them.
+    void servicesRemoved(const QSet<QString> &bsdNames, const QList<ServiceBinding> &removed,
+                         bool allRemoved);
+    void vlanRemoved(const QString &bsdName, const QString &parentBSD);
     /// Writes a kept order that is newer than the stored one.
     void writePendingOrder() const;
 
+    // What the readers share, read again after any change of the snapshot.
+    [[nodiscard]] ReadTables &readTables() const;
+    void dropReadTables() const;
+    [[nodiscard]] const QList<ServiceReading> &targetServiceReadings() const;
+    [[nodiscard]] const QList<VLANReading> &vlanReadings() const;
+    [[nodiscard]] QList<ServiceReading> orderedReadings(const SetRef &set) const;
+
+    /// The backend, seen through a counter of the calls that change the snapshot.
+    std::shared_ptr<ChangeNotingBackend> m_noting;
     std::shared_ptr<PlatformBackend> m_platform;
     SessionRef m_prefs;
     bool m_isWritable = false;
     std::optional<QString> m_selectedSetID;
     InterfaceTest m_canHostService;
     mutable StoreTables m_tables;
+    mutable ReadTables m_reads;
 };
 
 } // namespace VLANKit

@@ -2,22 +2,61 @@
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/store/PlatformLists.h"
+#include "VLANKit/store/ReadTables.h"
 #include "VLANKit/store/VLANStore.h"
 
 using namespace Qt::StringLiterals;
 
 namespace VLANKit {
 
+namespace {
+
+// The driver question, each kernel name asked once: its answers depend on the hardware only.
+class AskedOnce
+{
+public:
+    AskedOnce(PlatformBackend &platform, const VLANStore::DriverQuestion &ask)
+        : m_platform(platform)
+        , m_ask(ask)
+    {}
+
+    std::optional<HardwareCapabilities> operator()(const InterfaceRef &interface)
+    {
+        const auto bsdName = m_platform.scNetworkInterfaceGetBSDName(interface);
+        if (!bsdName)
+            return m_ask(interface);
+        auto found = m_answers.constFind(*bsdName);
+        if (found == m_answers.constEnd())
+            found = m_answers.insert(*bsdName, m_ask(interface));
+        return *found;
+    }
+
+private:
+    PlatformBackend &m_platform;
+    const VLANStore::DriverQuestion &m_ask;
+    QHash<QString, std::optional<HardwareCapabilities>> m_answers;
+};
+
+} // namespace
+
 std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interface) const
 {
-    auto capabilities = driverCapabilities(interface);
+    return offers(interface, m_platform->scNetworkInterfaceGetBSDName(interface),
+                  m_platform->scNetworkInterfaceGetInterfaceType(interface), driverCapabilities);
+}
+
+std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interface,
+                                                      const std::optional<QString> &bsdName,
+                                                      const std::optional<QString> &type,
+                                                      const DriverQuestion &ask) const
+{
+    auto capabilities = ask(interface);
     if (!capabilities)
         return std::nullopt;
-    const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
-    if (bsdName && (isVLAN(interface) || bsdName->startsWith(u"vlan"_s))) {
+    if (bsdName && (type == kSCNetworkInterfaceTypeVLAN || bsdName->startsWith(u"vlan"_s))) {
         // A VLAN has no media of its own, and takes the frame sizes its parent takes.
         capabilities->speeds.clear();
-        if (const auto range = frameRange(*bsdName))
+        if (const auto range = frameRange(*bsdName, ask))
             capabilities->mtuRange = range;
     }
     return capabilities;
@@ -25,12 +64,18 @@ std::optional<HardwareCapabilities> VLANStore::offers(const InterfaceRef &interf
 
 std::optional<ClosedRange> VLANStore::frameRange(const QString &vlanBSD) const
 {
+    return frameRange(vlanBSD, driverCapabilities);
+}
+
+std::optional<ClosedRange> VLANStore::frameRange(const QString &vlanBSD,
+                                                 const DriverQuestion &ask) const
+{
     const InterfaceRef vlan = vlansByBSD().value(vlanBSD);
     const InterfaceRef parent =
         vlan ? m_platform->scVLANInterfaceGetPhysicalInterface(vlan) : InterfaceRef();
     if (!parent)
         return std::nullopt;
-    const auto capabilities = driverCapabilities(parent);
+    const auto capabilities = ask(parent);
     return capabilities ? capabilities->mtuRange : std::nullopt;
 }
 
@@ -45,6 +90,25 @@ std::optional<HardwareCapabilities> VLANStore::hardwareCapabilities(const QStrin
     if (!interface || !hasSettableHardware(interface))
         return std::nullopt;
     return offers(interface);
+}
+
+QHash<QString, HardwareCapabilities> VLANStore::hardwareCapabilitiesByService() const
+{
+    QHash<QString, HardwareCapabilities> offered;
+    QSet<QString> seen;
+    AskedOnce ask(*m_platform, driverCapabilities);
+    const DriverQuestion asking = [&ask](const InterfaceRef &interface) { return ask(interface); };
+    for (const ServiceReading &service : QList<ServiceReading>(targetServiceReadings())) {
+        // The first service of an identifier is the one a look-up by identifier finds.
+        if (!service.id || seen.contains(*service.id))
+            continue;
+        seen.insert(*service.id);
+        if (!service.interface || !hasSettableHardwareType(service.type))
+            continue;
+        if (auto capabilities = offers(service.interface, service.bsdName, service.type, asking))
+            offered.insert(*service.id, std::move(*capabilities));
+    }
+    return offered;
 }
 
 QHash<QString, ClosedRange> VLANStore::adapterFrameRanges() const

@@ -48,9 +48,12 @@ QString VLANStore::createVLAN(qint64 tag, const QString &name, const QString &ad
                                          + adapterBSD
                                          + u" (tag already in use on that device?)."_s);
     }
-    if (m_tables.vlanByBSD) {
-        if (const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(vlan))
+    if (const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(vlan)) {
+        if (m_tables.vlanByBSD)
             m_tables.vlanByBSD->insert(*bsdName, vlan);
+        // Services left on a reused kernel name belong to a VLAN again.
+        if (m_tables.orphanedVLANs)
+            m_tables.orphanedVLANs->remove(*bsdName);
     }
     if (m_tables.parentCounts)
         ++(*m_tables.parentCounts)[adapterBSD];
@@ -117,12 +120,13 @@ void VLANStore::removeVLAN(qint64 tag, const QString &bsdName)
         throw noVLAN(tag, bsdName);
     // A VLAN takes all its services with it, in every Location.
     removeServices({bsdName});
-    writePendingOrder();
-    m_tables.dropAll();
+    const QString parentBSD = bsdNameOrDash(m_platform->scVLANInterfaceGetPhysicalInterface(vlan));
     if (!m_platform->scVLANInterfaceRemove(vlan)) {
+        m_tables.dropAll();
         throw VLANError::operationFailed(u"Could not remove VLAN "_s + number(tag) + u" ("_s
                                          + bsdName + u")."_s);
     }
+    vlanRemoved(bsdName, parentBSD);
     (void)pruneOrphanedVLANServices();
 }
 
@@ -288,7 +292,7 @@ ServiceRef VLANStore::makeService(const InterfaceRef &interface, const QString &
         throw VLANError::operationFailed(u"Could not add '"_s + name
                                          + u"' to the current location."_s);
     }
-    serviceMade(service, interface);
+    serviceMade(service, interface, set);
     moveToEndOfOrder(service, set);
     return service;
 }
@@ -298,19 +302,23 @@ void VLANStore::removeServices(const QSet<QString> &bsdNames)
     if (bsdNames.isEmpty())
         return;
     writePendingOrder();
-    m_tables.dropServices();
-    for (const SetRef &set : allSets()) {
-        QList<ServiceRef> bound;
-        for (const ServiceRef &service : servicesOf(set)) {
-            const auto bsdName = interfaceBSDOf(service);
-            if (bsdName && bsdNames.contains(*bsdName))
-                bound.append(service);
-        }
-        for (const ServiceRef &service : bound) {
-            (void)m_platform->scNetworkSetRemoveService(set, service);
-            (void)m_platform->scNetworkServiceRemove(service);
-        }
+    // Looked up by kernel name, so that removing one VLAN among thousands walks only its own.
+    QList<ServiceBinding> bound;
+    for (const QString &bsdName : bsdNames)
+        bound.append(servicesByBSD().value(bsdName));
+    // The answers are dropped, as the system's rules ask; a refusal only costs the tables.
+    QSet<QString> gone;
+    for (const ServiceBinding &binding : std::as_const(bound)) {
+        (void)m_platform->scNetworkSetRemoveService(binding.set, binding.service);
+        const auto id = m_platform->scNetworkServiceGetServiceID(binding.service);
+        if (m_platform->scNetworkServiceRemove(binding.service) && id)
+            gone.insert(*id);
     }
+    const bool allGone = std::all_of(bound.cbegin(), bound.cend(), [&](const ServiceBinding &b) {
+        const auto id = m_platform->scNetworkServiceGetServiceID(b.service);
+        return id && gone.contains(*id);
+    });
+    servicesRemoved(bsdNames, bound, allGone);
 }
 
 void VLANStore::applyIP(const IPConfig &ip, const ServiceRef &service)
@@ -378,15 +386,7 @@ bool VLANStore::writeDNS(const std::optional<QStringList> &servers,
 
 QStringList VLANStore::pruneOrphanedVLANServices()
 {
-    const QHash<QString, InterfaceRef> &present = vlansByBSD();
-    QSet<QString> orphans;
-    for (const SetRef &set : allSets()) {
-        for (const ServiceRef &service : servicesOf(set)) {
-            const auto bsdName = interfaceBSDOf(service);
-            if (bsdName && bsdName->startsWith(u"vlan"_s) && !present.contains(*bsdName))
-                orphans.insert(*bsdName);
-        }
-    }
+    const QSet<QString> orphans = orphanedVLANNames();
     if (orphans.isEmpty())
         return {};
     removeServices(orphans);

@@ -59,12 +59,13 @@ void VLANStore::moveToEndOfOrder(const ServiceRef &service, const SetRef &set)
     if (isTarget(set) && !m_tables.targetOrder) {
         // First read of the order: the system has already put the new service somewhere in it.
         (void)targetOrder(set);
+        m_tables.targetOrder->removeAll(*id);
         m_tables.orderAwaiting = id;
     }
     if (isTarget(set) && m_tables.targetOrder && m_tables.orderAwaiting == id) {
-        QStringList &order = *m_tables.targetOrder;
-        order.removeAll(*id);
-        order.append(*id);
+        // A kept order was read before the service was born: it can't hold it yet, and a batch
+        // of new services appends without a walk of the order per service.
+        m_tables.targetOrder->append(*id);
         m_tables.orderAwaiting.reset();
         m_tables.orderToWrite = set;
         return;

@@ -1,6 +1,7 @@
 #include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
+#include "VLANKit/store/ReadTables.h"
 #include "VLANKit/store/VLANStore.h"
 
 using namespace Qt::StringLiterals;
@@ -28,14 +29,11 @@ std::optional<QString> firstString(const QVariantMap &map, const QString &key)
     return list->first();
 }
 
-} // namespace
-
-IPConfig VLANStore::readIP(const ServiceRef &service) const
+IPConfig ipFrom(const std::optional<QVariantMap> &ipv4, const std::optional<QVariantMap> &dns)
 {
-    const auto configuration = configurationOf(*m_platform, service, kSCNetworkProtocolTypeIPv4);
-    if (!configuration)
+    if (!ipv4)
         return IPConfig::off();
-    const QString method = stringIn(*configuration, kSCPropNetIPv4ConfigMethod).value_or(QString());
+    const QString method = stringIn(*ipv4, kSCPropNetIPv4ConfigMethod).value_or(QString());
     IPConfig ip;
     if (method == kSCValNetIPv4ConfigMethodManual)
         ip.mode = IPMode::manual;
@@ -48,13 +46,28 @@ IPConfig VLANStore::readIP(const ServiceRef &service) const
     else
         ip.mode = IPMode::unknown;
     // DNS servers live in a protocol of their own, not in the IPv4 one.
-    if (const auto dns = configurationOf(*m_platform, service, kSCNetworkProtocolTypeDNS))
+    if (dns)
         ip.dns = stringListIn(*dns, kSCPropNetDNSServerAddresses).value_or(QStringList());
     // Read for every mode: a DHCP service with stored addresses reports them.
-    ip.address = firstString(*configuration, kSCPropNetIPv4Addresses);
-    ip.subnetMask = firstString(*configuration, kSCPropNetIPv4SubnetMasks);
-    ip.router = stringIn(*configuration, kSCPropNetIPv4Router);
+    ip.address = firstString(*ipv4, kSCPropNetIPv4Addresses);
+    ip.subnetMask = firstString(*ipv4, kSCPropNetIPv4SubnetMasks);
+    ip.router = stringIn(*ipv4, kSCPropNetIPv4Router);
     return ip;
+}
+
+QStringList searchDomainsFrom(const std::optional<QVariantMap> &dns)
+{
+    if (!dns)
+        return {};
+    return stringListIn(*dns, kSCPropNetDNSSearchDomains).value_or(QStringList());
+}
+
+} // namespace
+
+IPConfig VLANStore::readIP(const ServiceRef &service) const
+{
+    return ipFrom(configurationOf(*m_platform, service, kSCNetworkProtocolTypeIPv4),
+                  configurationOf(*m_platform, service, kSCNetworkProtocolTypeDNS));
 }
 
 IPv6Mode VLANStore::readIPv6(const ServiceRef &service) const
@@ -79,10 +92,18 @@ IPv6Mode VLANStore::readIPv6(const ServiceRef &service) const
 
 QStringList VLANStore::readSearchDomains(const ServiceRef &service) const
 {
-    const auto dns = configurationOf(*m_platform, service, kSCNetworkProtocolTypeDNS);
-    if (!dns)
-        return {};
-    return stringListIn(*dns, kSCPropNetDNSSearchDomains).value_or(QStringList());
+    return searchDomainsFrom(configurationOf(*m_platform, service, kSCNetworkProtocolTypeDNS));
+}
+
+void VLANStore::readSettings(ServiceReading &reading) const
+{
+    // The DNS protocol serves both the servers and the search domains: read once for both.
+    const auto dns = configurationOf(*m_platform, reading.service, kSCNetworkProtocolTypeDNS);
+    reading.ip =
+        ipFrom(configurationOf(*m_platform, reading.service, kSCNetworkProtocolTypeIPv4), dns);
+    reading.ipv6 = readIPv6(reading.service);
+    reading.searchDomains = searchDomainsFrom(dns);
+    reading.hardware = readHardware(reading.interface, reading.type);
 }
 
 HardwareSettings VLANStore::readHardware(const ServiceRef &service) const
@@ -92,7 +113,15 @@ HardwareSettings VLANStore::readHardware(const ServiceRef &service) const
 
 HardwareSettings VLANStore::readHardware(const InterfaceRef &interface) const
 {
-    if (!interface || !hasSettableHardware(interface))
+    return interface ? readHardware(interface,
+                                    m_platform->scNetworkInterfaceGetInterfaceType(interface))
+                     : HardwareSettings::automatic();
+}
+
+HardwareSettings VLANStore::readHardware(const InterfaceRef &interface,
+                                         const std::optional<QString> &type) const
+{
+    if (!interface || !hasSettableHardwareType(type))
         return HardwareSettings::automatic();
     const auto configuration = m_platform->scNetworkInterfaceGetConfiguration(interface);
     if (!configuration)
@@ -124,7 +153,11 @@ HardwareSettings VLANStore::hardwareSettings(const QVariantMap &configuration)
 
 bool VLANStore::hasSettableHardware(const InterfaceRef &interface) const
 {
-    const auto type = m_platform->scNetworkInterfaceGetInterfaceType(interface);
+    return hasSettableHardwareType(m_platform->scNetworkInterfaceGetInterfaceType(interface));
+}
+
+bool VLANStore::hasSettableHardwareType(const std::optional<QString> &type)
+{
     return type == kSCNetworkInterfaceTypeEthernet || type == kSCNetworkInterfaceTypeVLAN;
 }
 

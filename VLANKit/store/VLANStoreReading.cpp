@@ -2,6 +2,7 @@
 #include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/PlatformConstants.h"
+#include "VLANKit/store/KeptTable.h"
 #include "VLANKit/store/PlatformLists.h"
 #include "VLANKit/store/VLANStore.h"
 
@@ -16,62 +17,86 @@ bool byBSDName(const AdapterRecord &a, const AdapterRecord &b)
     return canonicallyLess(a.bsdName, b.bsdName);
 }
 
+// Positions in a set's list of services, put in service order: first each identifier of the
+// order that leads to a service (the last listed of that identifier; twice when it stands twice
+// in the order), then, as listed, the services without an identifier or not in the order.
+QList<qsizetype> inServiceOrder(const QList<std::optional<QString>> &ids,
+                                const std::optional<QVariantList> &storedOrder)
+{
+    QHash<QString, qsizetype> byID;
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+        if (ids.at(i))
+            byID.insert(*ids.at(i), i); // a later one replaces an earlier
+    }
+    QList<qsizetype> ordered;
+    ordered.reserve(ids.size());
+    QSet<QString> inOrder;
+    for (const QString &id : VLANStore::stringArray(storedOrder)) {
+        inOrder.insert(id);
+        const auto found = byID.constFind(id);
+        if (found != byID.constEnd())
+            ordered.append(*found);
+    }
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+        if (!ids.at(i) || !inOrder.contains(*ids.at(i)))
+            ordered.append(i);
+    }
+    return ordered;
+}
+
 } // namespace
 
 QHash<QString, ServiceDetails> VLANStore::serviceIndex() const
 {
-    QHash<QString, ServiceDetails> index;
-    const SetRef set = targetSet();
-    if (!set)
+    return kept(readTables().serviceIndex, "the service index", [this] {
+        QHash<QString, ServiceDetails> index;
+        for (const ServiceReading &service : targetServiceReadings()) {
+            // Two services on one interface: the one read later wins.
+            if (service.bsdName) {
+                index.insert(*service.bsdName,
+                             ServiceDetails{service.id, service.name, service.enabled, service.ip,
+                                            service.ipv6, service.searchDomains, service.hardware});
+            }
+        }
         return index;
-    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
-        const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
-        const auto bsdName =
-            interface ? m_platform->scNetworkInterfaceGetBSDName(interface) : std::nullopt;
-        if (!bsdName)
-            continue;
-        // Two services on one interface: the one read later wins.
-        index.insert(*bsdName, ServiceDetails{m_platform->scNetworkServiceGetServiceID(service),
-                                              m_platform->scNetworkServiceGetName(service),
-                                              m_platform->scNetworkServiceGetEnabled(service),
-                                              readIP(service), readIPv6(service),
-                                              readSearchDomains(service), readHardware(interface)});
-    }
-    return index;
+    });
 }
 
 QList<VLANRecord> VLANStore::vlans() const
 {
-    const QHash<QString, ServiceDetails> index = serviceIndex();
-    QList<VLANRecord> records;
-    const QList<InterfaceRef> interfaces =
-        presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs));
-    records.reserve(interfaces.size());
-    for (const InterfaceRef &vlan : interfaces) {
-        VLANRecord record;
-        record.bsdName = bsdNameOrDash(vlan);
-        const InterfaceRef parent = m_platform->scVLANInterfaceGetPhysicalInterface(vlan);
-        record.parentBSD = bsdNameOrDash(parent);
-        record.name = displayNameOr(vlan, record.bsdName);
-        record.tag = m_platform->scVLANInterfaceGetTag(vlan).value_or(0);
-        record.parentName = displayNameOr(parent, notReported());
-        record.live = isLive(record.bsdName);
-        const auto found = index.constFind(record.bsdName);
-        if (found != index.constEnd()) {
-            record.serviceName = found->name;
-            record.serviceEnabled = found->enabled;
-            record.ip = found->ip;
-            record.serviceID = found->id;
-            record.ipv6 = found->ipv6;
-            record.searchDomains = found->searchDomains;
-            record.hardware = found->hardware;
-        } else {
-            record.ip = IPConfig{IPMode::unknown, std::nullopt, std::nullopt, std::nullopt, {}};
-            record.ipv6 = IPv6Mode::unknown;
+    QList<VLANRecord> records = kept(readTables().vlans, "the VLANs", [this] {
+        const QHash<QString, ServiceDetails> index = serviceIndex();
+        const QList<VLANReading> interfaces = vlanReadings();
+        QList<VLANRecord> sorted;
+        sorted.reserve(interfaces.size());
+        for (const VLANReading &vlan : interfaces) {
+            VLANRecord record;
+            record.bsdName = vlan.bsdName.value_or(notReported());
+            record.parentBSD = vlan.parentBSD.value_or(notReported());
+            record.name = vlan.name.value_or(record.bsdName);
+            record.tag = vlan.tag.value_or(0);
+            record.parentName = vlan.parentName.value_or(notReported());
+            const auto found = index.constFind(record.bsdName);
+            if (found != index.constEnd()) {
+                record.serviceName = found->name;
+                record.serviceEnabled = found->enabled;
+                record.ip = found->ip;
+                record.serviceID = found->id;
+                record.ipv6 = found->ipv6;
+                record.searchDomains = found->searchDomains;
+                record.hardware = found->hardware;
+            } else {
+                record.ip = IPConfig{IPMode::unknown, std::nullopt, std::nullopt, std::nullopt, {}};
+                record.ipv6 = IPv6Mode::unknown;
+            }
+            sorted.append(std::move(record));
         }
-        records.append(std::move(record));
-    }
-    sortStably(records, [](const VLANRecord &a, const VLANRecord &b) { return a.tag < b.tag; });
+        sortStably(sorted, [](const VLANRecord &a, const VLANRecord &b) { return a.tag < b.tag; });
+        return sorted;
+    });
+    // The kernel's view, not the snapshot's: asked at every read.
+    for (VLANRecord &record : records)
+        record.live = isLive(record.bsdName);
     return records;
 }
 
@@ -79,76 +104,67 @@ QList<ServiceRef> VLANStore::orderedServices(const SetRef &set) const
 {
     writePendingOrder();
     const QList<ServiceRef> all = presentHandles(m_platform->scNetworkSetCopyServices(set));
-    QHash<QString, ServiceRef> byID;
     QList<std::optional<QString>> ids;
     ids.reserve(all.size());
-    for (const ServiceRef &service : all) {
+    for (const ServiceRef &service : all)
         ids.append(m_platform->scNetworkServiceGetServiceID(service));
-        if (ids.last())
-            byID.insert(*ids.last(), service); // a later one replaces an earlier
-    }
     QList<ServiceRef> ordered;
-    ordered.reserve(all.size());
-    QSet<QString> inOrder;
-    for (const QString &id : stringArray(m_platform->scNetworkSetGetServiceOrder(set))) {
-        inOrder.insert(id);
-        const auto found = byID.constFind(id);
-        if (found != byID.constEnd())
-            ordered.append(*found);
-    }
-    for (qsizetype i = 0; i < all.size(); ++i) {
-        if (!ids.at(i) || !inOrder.contains(*ids.at(i)))
-            ordered.append(all.at(i));
-    }
+    for (const qsizetype at : inServiceOrder(ids, m_platform->scNetworkSetGetServiceOrder(set)))
+        ordered.append(all.at(at));
+    return ordered;
+}
+
+QList<ServiceReading> VLANStore::orderedReadings(const SetRef &set) const
+{
+    const QList<ServiceReading> all = targetServiceReadings();
+    QList<std::optional<QString>> ids;
+    ids.reserve(all.size());
+    for (const ServiceReading &service : all)
+        ids.append(service.id);
+    QList<ServiceReading> ordered;
+    for (const qsizetype at : inServiceOrder(ids, m_platform->scNetworkSetGetServiceOrder(set)))
+        ordered.append(all.at(at));
     return ordered;
 }
 
 QList<ServiceRecord> VLANStore::services() const
 {
-    QList<ServiceRecord> records;
-    const SetRef set = targetSet();
-    if (!set)
+    return kept(readTables().services, "the Location's services", [this] {
+        QList<ServiceRecord> records;
+        const SetRef set = targetSet();
+        if (!set)
+            return records;
+        QHash<QString, qint64> tags;
+        for (const VLANReading &vlan : vlanReadings()) {
+            if (vlan.bsdName && vlan.tag)
+                tags.insert(*vlan.bsdName, *vlan.tag);
+        }
+        const QList<ServiceReading> ordered = orderedReadings(set);
+        records.reserve(ordered.size());
+        for (const ServiceReading &service : ordered) {
+            ServiceRecord record;
+            record.hardwareName = service.hardwareName;
+            record.name = service.name.value_or(notReported());
+            record.serviceID = service.id.value_or(notReported());
+            record.interfaceBSD = service.bsdName.value_or(notReported());
+            record.interfaceType = service.type.value_or(notReported());
+            record.enabled = service.enabled;
+            record.ip = service.ip;
+            record.ipv6 = service.ipv6;
+            record.searchDomains = service.searchDomains;
+            record.hardware = service.hardware;
+            if (service.bsdName) {
+                const auto tag = tags.constFind(*service.bsdName);
+                record.isVLAN = tag != tags.constEnd();
+                if (record.isVLAN)
+                    record.vlanTag = *tag;
+            }
+            record.isWiFi = service.type == kSCNetworkInterfaceTypeIEEE80211;
+            record.hasDevice = service.bsdName.has_value();
+            records.append(std::move(record));
+        }
         return records;
-    QHash<QString, qint64> tags;
-    for (const InterfaceRef &vlan : presentHandles(m_platform->scVLANInterfaceCopyAll(m_prefs))) {
-        const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(vlan);
-        const auto tag = m_platform->scVLANInterfaceGetTag(vlan);
-        if (bsdName && tag)
-            tags.insert(*bsdName, *tag);
-    }
-    const QList<ServiceRef> ordered = orderedServices(set);
-    records.reserve(ordered.size());
-    for (const ServiceRef &service : ordered) {
-        ServiceRecord record;
-        const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
-        std::optional<QString> bsdName;
-        std::optional<QString> type;
-        if (interface) {
-            bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
-            type = m_platform->scNetworkInterfaceGetInterfaceType(interface);
-            record.hardwareName = m_platform->scNetworkInterfaceGetLocalizedDisplayName(interface);
-        }
-        record.name = m_platform->scNetworkServiceGetName(service).value_or(notReported());
-        record.serviceID =
-            m_platform->scNetworkServiceGetServiceID(service).value_or(notReported());
-        record.interfaceBSD = bsdName.value_or(notReported());
-        record.interfaceType = type.value_or(notReported());
-        record.enabled = m_platform->scNetworkServiceGetEnabled(service);
-        record.ip = readIP(service);
-        record.ipv6 = readIPv6(service);
-        record.searchDomains = readSearchDomains(service);
-        record.hardware = readHardware(interface);
-        if (bsdName) {
-            const auto tag = tags.constFind(*bsdName);
-            record.isVLAN = tag != tags.constEnd();
-            if (record.isVLAN)
-                record.vlanTag = *tag;
-        }
-        record.isWiFi = type == kSCNetworkInterfaceTypeIEEE80211;
-        record.hasDevice = bsdName.has_value();
-        records.append(std::move(record));
-    }
-    return records;
+    });
 }
 
 QHash<QString, QString> VLANStore::computeServiceNameIndex() const
@@ -213,11 +229,9 @@ QList<AdapterRecord> VLANStore::adaptersWithoutService()
     if (!set)
         return adapters;
     QSet<QString> taken;
-    for (const ServiceRef &service : presentHandles(m_platform->scNetworkSetCopyServices(set))) {
-        const InterfaceRef interface = m_platform->scNetworkServiceGetInterface(service);
-        if (const auto bsdName =
-                interface ? m_platform->scNetworkInterfaceGetBSDName(interface) : std::nullopt)
-            taken.insert(*bsdName);
+    for (const ServiceReading &service : targetServiceReadings()) {
+        if (service.bsdName)
+            taken.insert(*service.bsdName);
     }
     const QHash<QString, QString> names = serviceNameIndex();
     for (const InterfaceRef &interface : attachedAdapters()) {

@@ -1,5 +1,6 @@
 #include "VLANKit/core/TextRules.h"
 #include "VLANKit/platform/PlatformBackend.h"
+#include "VLANKit/store/KeptTable.h"
 #include "VLANKit/store/PlatformLists.h"
 #include "VLANKit/store/VLANStore.h"
 #include "VLANKit/values/AdapterNaming.h"
@@ -12,33 +13,18 @@ namespace VLANKit {
 
 namespace {
 
-bool verifyingTables = false;
-
-// A kept table, or a fresh one kept from now on. In the verifying mode a kept table is compared
-// with a fresh computation, through `describe`, which turns either into comparable text.
-template <typename Table, typename Compute, typename Describe>
-const Table &kept(std::optional<Table> &slot, const char *what, Compute compute, Describe describe)
-{
-    if (!slot) {
-        slot = compute();
-    } else if (verifyingTables && describe(*slot) != describe(compute())) {
-        throw std::logic_error(std::string("the store's kept table differs from a fresh one: ")
-                               + what);
-    }
-    return *slot;
-}
-
-template <typename Table, typename Compute>
-const Table &kept(std::optional<Table> &slot, const char *what, Compute compute)
-{
-    return kept(slot, what, compute, [](const Table &table) { return table; });
-}
+bool verifying = false;
 
 } // namespace
 
-void VLANStore::setVerifyingTables(bool verifying)
+bool verifyingTables()
 {
-    verifyingTables = verifying;
+    return verifying;
+}
+
+void VLANStore::setVerifyingTables(bool verifyingFromNowOn)
+{
+    verifying = verifyingFromNowOn;
 }
 
 void VLANStore::writePendingOrder() const
@@ -55,8 +41,10 @@ void VLANStore::writePendingOrder() const
 void VLANStore::setSelectedSetID(std::optional<QString> setID)
 {
     writePendingOrder();
-    if (setID != m_selectedSetID)
+    if (setID != m_selectedSetID) {
         m_tables.dropTarget();
+        dropReadTables();
+    }
     m_selectedSetID = std::move(setID);
 }
 
@@ -175,6 +163,115 @@ const QSet<QString> &VLANStore::adapterLabelSet() const
     });
 }
 
+const QHash<QString, QList<ServiceBinding>> &VLANStore::servicesByBSD() const
+{
+    // Each binding as its set's and service's identifiers; the order within a name is free.
+    const auto describe = [this](const QHash<QString, QList<ServiceBinding>> &table) {
+        QMap<QString, QStringList> bindings;
+        for (auto it = table.cbegin(); it != table.cend(); ++it) {
+            QStringList &held = bindings[it.key()];
+            for (const ServiceBinding &binding : it.value()) {
+                held.append(m_platform->scNetworkSetGetSetID(binding.set).value_or(QString()) + u'/'
+                            + m_platform->scNetworkServiceGetServiceID(binding.service)
+                                  .value_or(QString()));
+            }
+            sortCanonically(held);
+        }
+        return bindings;
+    };
+    return kept(
+        m_tables.servicesByBSD, "services by kernel name in every Location",
+        [this] {
+            QHash<QString, QList<ServiceBinding>> table;
+            for (const SetRef &set : allSets()) {
+                for (const ServiceRef &service : servicesOf(set)) {
+                    if (const auto bsdName = interfaceBSDOf(service))
+                        table[*bsdName].append(ServiceBinding{set, service});
+                }
+            }
+            return table;
+        },
+        describe);
+}
+
+const QSet<QString> &VLANStore::orphanedVLANNames() const
+{
+    return kept(m_tables.orphanedVLANs, "kernel names of services whose VLAN is gone", [this] {
+        QSet<QString> orphans;
+        const QHash<QString, InterfaceRef> &present = vlansByBSD();
+        const QHash<QString, QList<ServiceBinding>> &bound = servicesByBSD();
+        for (auto it = bound.cbegin(); it != bound.cend(); ++it) {
+            if (it.key().startsWith(u"vlan"_s) && !present.contains(it.key()))
+                orphans.insert(it.key());
+        }
+        return orphans;
+    });
+}
+
+void VLANStore::servicesRemoved(const QSet<QString> &bsdNames, const QList<ServiceBinding> &removed,
+                                bool allRemoved)
+{
+    if (!allRemoved) {
+        // The system kept some of them: what the tables would say is no longer known.
+        m_tables.dropServices();
+        return;
+    }
+    const QString targetID =
+        targetSet() ? m_platform->scNetworkSetGetSetID(targetSet()).value_or(QString()) : QString();
+    for (const ServiceBinding &binding : removed) {
+        // A removed service leaves every set, and the order of the one under view.
+        if (const auto id = m_platform->scNetworkServiceGetServiceID(binding.service);
+            id && m_tables.targetByID)
+            m_tables.targetByID->remove(*id);
+        if (m_platform->scNetworkSetGetSetID(binding.set) == targetID) {
+            m_tables.targetOrder.reset();
+            m_tables.orderAwaiting.reset();
+        }
+    }
+    bool adapterLost = false;
+    for (const QString &bsdName : bsdNames) {
+        if (m_tables.servicesByBSD)
+            m_tables.servicesByBSD->remove(bsdName);
+        if (m_tables.orphanedVLANs)
+            m_tables.orphanedVLANs->remove(bsdName);
+        if (m_tables.targetByBSD)
+            m_tables.targetByBSD->remove(bsdName);
+        // Both come from services only, and none is left on this interface anywhere.
+        if (m_tables.nameIndex)
+            m_tables.nameIndex->remove(bsdName);
+        if (m_tables.namesEverywhere)
+            m_tables.namesEverywhere->remove(bsdName);
+        if (m_tables.adapterLabels)
+            m_tables.adapterLabels->remove(bsdName);
+        adapterLost = adapterLost || !bsdName.startsWith(u"vlan"_s);
+    }
+    // An adapter's services give it its label; a VLAN is no adapter.
+    if (adapterLost) {
+        m_tables.adapterLabelSet.reset();
+        m_tables.adapterLabels.reset();
+    }
+}
+
+void VLANStore::vlanRemoved(const QString &bsdName, const QString &parentBSD)
+{
+    if (m_tables.vlanByBSD)
+        m_tables.vlanByBSD->remove(bsdName);
+    if (m_tables.parentCounts) {
+        const auto count = m_tables.parentCounts->find(parentBSD);
+        if (count != m_tables.parentCounts->end() && --*count <= 0)
+            m_tables.parentCounts->erase(count);
+    }
+    if (m_tables.adapterLabels)
+        m_tables.adapterLabels->remove(bsdName);
+    // Services still bound to the name now wait for a VLAN of that name.
+    if (m_tables.orphanedVLANs) {
+        if (!m_tables.servicesByBSD)
+            m_tables.orphanedVLANs.reset();
+        else if (m_tables.servicesByBSD->contains(bsdName) && bsdName.startsWith(u"vlan"_s))
+            m_tables.orphanedVLANs->insert(bsdName);
+    }
+}
+
 QHash<QString, QString> VLANStore::serviceNameIndex() const
 {
     return kept(m_tables.nameIndex, "the service name index",
@@ -194,17 +291,23 @@ QString VLANStore::adapterLabel(const QString &bsdName) const
     const auto found = m_tables.adapterLabels->constFind(bsdName);
     if (found == m_tables.adapterLabels->constEnd())
         return *m_tables.adapterLabels->insert(bsdName, computeAdapterLabel(bsdName));
-    if (verifyingTables && *found != computeAdapterLabel(bsdName))
+    if (verifyingTables() && *found != computeAdapterLabel(bsdName))
         throw std::logic_error("the store's kept table differs from a fresh one: labels");
     return *found;
 }
 
 // A service was just made in the target set, on an interface that had no service there: the
 // tables take it in as a fresh computation would.
-void VLANStore::serviceMade(const ServiceRef &service, const InterfaceRef &interface)
+void VLANStore::serviceMade(const ServiceRef &service, const InterfaceRef &interface,
+                            const SetRef &set)
 {
     const auto id = m_platform->scNetworkServiceGetServiceID(service);
     const auto bsdName = m_platform->scNetworkInterfaceGetBSDName(interface);
+    if (m_tables.servicesByBSD && bsdName)
+        (*m_tables.servicesByBSD)[*bsdName].append(ServiceBinding{set, service});
+    // A service on a kernel name that no VLAN has would be an orphan; the store makes none.
+    if (bsdName && bsdName->startsWith(u"vlan"_s) && !vlansByBSD().contains(*bsdName))
+        m_tables.orphanedVLANs.reset();
     const QString name = m_platform->scNetworkServiceGetName(service).value_or(QString());
     if (m_tables.targetByID && id && !m_tables.targetByID->contains(*id))
         m_tables.targetByID->insert(*id, service);

@@ -1,5 +1,7 @@
+#include "VLANKit/files/Defaults.h"
 #include "tests/store/StoreTestSupport.h"
 #include "tests/support/CountingBackend.h"
+#include "tests/support/RefreshReads.h"
 
 using namespace Qt::StringLiterals;
 using namespace VLANKit;
@@ -39,6 +41,36 @@ protected:
         return double(seam.counter->work()) / count;
     }
 
+    // Work per VLAN of all the reads of one refresh of the window.
+    double refreshWorkPerVLAN(int count)
+    {
+        openSynthetic(count);
+        const Counted seam = counted();
+        const Defaults defaults = Defaults::inFile(temporary.filePath(u"defaults.plist"_s));
+        VLANStore store(seam.platform);
+        seam.counter->reset();
+        readAsARefreshDoes(store, u"Show"_s, defaults);
+        return double(seam.counter->work()) / count;
+    }
+
+    // Work per VLAN of deleting every VLAN of the machine in one transaction.
+    double removalWorkPerVLAN(int count)
+    {
+        openSynthetic(count);
+        const Counted seam = counted();
+        QList<qint64> tags;
+        for (int tag = 1; tag <= count; ++tag)
+            tags.append(tag);
+        const Plan plan = VLANStore(seam.platform).planDelete(tags, std::nullopt);
+        NetworkAuthorization authorization(seam.platform);
+        authorization.acquire();
+        VLANStore store(seam.platform, authorization);
+        seam.counter->reset();
+        store.execute(plan);
+        EXPECT_TRUE(VLANStore(seam.platform).vlans().isEmpty());
+        return double(seam.counter->work()) / count;
+    }
+
     // Work per creation of `count` VLANs staged in one session.
     double creationWorkPerVLAN(int count)
     {
@@ -65,6 +97,22 @@ TEST_F(StorePerformance, ReadingWorkPerVLANDoesNotGrow)
     const double small = readingWorkPerVLAN(256);
     const double large = readingWorkPerVLAN(2048);
     std::cout << "reading work per VLAN: " << small << " at 256, " << large << " at 2048\n";
+    EXPECT_LT(large, small * 1.1);
+}
+
+TEST_F(StorePerformance, RefreshWorkPerVLANDoesNotGrow)
+{
+    const double small = refreshWorkPerVLAN(256);
+    const double large = refreshWorkPerVLAN(2048);
+    std::cout << "refresh work per VLAN: " << small << " at 256, " << large << " at 2048\n";
+    EXPECT_LT(large, small * 1.1);
+}
+
+TEST_F(StorePerformance, RemovalWorkPerVLANDoesNotGrow)
+{
+    const double small = removalWorkPerVLAN(256);
+    const double large = removalWorkPerVLAN(2048);
+    std::cout << "removal work per VLAN: " << small << " at 256, " << large << " at 2048\n";
     EXPECT_LT(large, small * 1.1);
 }
 

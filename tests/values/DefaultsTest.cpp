@@ -158,4 +158,36 @@ TEST(DefaultsStandard, LivesInTheUsersConfigurationFolder)
     EXPECT_TRUE(Defaults::standardFilePath().endsWith(u"/com.quillfence.orvane.plist"_s));
 }
 
+TEST_F(DefaultsInFile, AnUnchangedFileIsParsedOnce)
+{
+    defaults.setStringList(u"Orvane.internet.Show"_s, {u"A"_s});
+    const auto file = std::make_shared<DefaultsFile>(path);
+    const Defaults watching(file);
+    EXPECT_EQ(watching.stringList(u"Orvane.internet.Show"_s), QStringList{u"A"_s});
+    EXPECT_EQ(watching.stringList(u"Orvane.internet.Show"_s), QStringList{u"A"_s});
+    EXPECT_EQ(watching.value(u"Orvane.internet.Office"_s), std::nullopt);
+    EXPECT_EQ(file->parses(), 1);
+}
+
+TEST_F(DefaultsInFile, AFileChangedByAnotherWriterIsReadAgain)
+{
+    defaults.setStringList(u"Orvane.internet.Show"_s, {u"A"_s});
+    const auto file = std::make_shared<DefaultsFile>(path);
+    const Defaults watching(file);
+    EXPECT_EQ(watching.stringList(u"Orvane.internet.Show"_s), QStringList{u"A"_s});
+    reader().setStringList(u"Orvane.internet.Show"_s, {u"A"_s, u"B"_s});
+    EXPECT_EQ(watching.stringList(u"Orvane.internet.Show"_s), (QStringList{u"A"_s, u"B"_s}));
+    EXPECT_EQ(file->parses(), 2);
+}
+
+TEST_F(DefaultsInFile, AFileThatGoesAwayReadsAsEmpty)
+{
+    defaults.setStringList(u"Orvane.internet.Show"_s, {u"A"_s});
+    const auto file = std::make_shared<DefaultsFile>(path);
+    const Defaults watching(file);
+    EXPECT_TRUE(watching.stringList(u"Orvane.internet.Show"_s).has_value());
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_EQ(watching.stringList(u"Orvane.internet.Show"_s), std::nullopt);
+}
+
 } // namespace

@@ -38,10 +38,11 @@ std::shared_ptr<DocumentBackend> DocumentBackend::open(const QString &folder)
 
 DocumentBackend::DocumentBackend(std::shared_ptr<const DocumentMachine> machine)
     : m_machine(std::move(machine))
+    , m_preferences(m_machine->preferencesPath())
 {
     // The machine booted before this process started, with the preferences stored then.
-    if (const auto root = readPropertyListFile(m_machine->preferencesPath()))
-        m_bootPreferences = anyMap(*root).value_or(QVariantMap());
+    if (const auto parsed = m_preferences.read().parsed)
+        m_bootPreferences = parsed->root;
 }
 
 bool DocumentBackend::fail(int code, QString description)
@@ -78,8 +79,8 @@ QString DocumentBackend::machineDisplayName() const
     if (m_machine->description() && m_machine->description()->computerName
         && !m_machine->description()->computerName->isEmpty())
         return *m_machine->description()->computerName;
-    if (const auto root = readPropertyListFile(m_machine->preferencesPath())) {
-        const auto system = anyMap(*root).value_or(QVariantMap());
+    if (const auto parsed = m_preferences.read().parsed) {
+        const QVariantMap &system = parsed->root;
         const auto names = mapIn(mapIn(system, u"System"_s).value_or(QVariantMap()), u"System"_s);
         const auto name = names ? stringIn(*names, u"ComputerName"_s) : std::nullopt;
         if (name && !name->isEmpty() && *name != notReported())
@@ -112,33 +113,21 @@ DocumentBackend::scPreferencesCreateWithAuthorization(const QString &,
         }
         authorized = object->state->granted;
     }
-    const QString path = m_machine->preferencesPath();
-    QFile file(path);
+    const PreferencesFile::Reading reading = m_preferences.read();
     auto object = std::make_shared<DocumentSessionObject>();
-    if (!file.exists()) {
+    if (reading.missing) {
         // A missing file is an empty document; the system says so and opens the session.
         object->session = std::make_shared<DocumentSession>(m_machine, authorized, QVariantMap(),
                                                             FileSignature());
         fail(kSCStatusNoConfigFile);
         return SessionRef(object);
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        fail(kSCStatusFailed,
-             curlyQuoted(path) + u" can\u2019t be read: "_s + file.errorString() + u"."_s);
+    if (!reading.parsed) {
+        fail(kSCStatusFailed, reading.problem);
         return {};
     }
-    const FileSignature signature = FileSignature::ofDescriptor(static_cast<int>(file.handle()));
-    QString why = u"it holds no property list whose top level is a dictionary"_s;
-    const std::optional<QVariant> parsed = parsePropertyList(file.readAll(), {}, &why);
-    const std::optional<QVariantMap> root = parsed ? anyMap(*parsed) : std::nullopt;
-    if (!root) {
-        // The system would start from nothing and write over the file at the next commit; a
-        // file that a person edited by hand is refused instead, and left as it is.
-        fail(kSCStatusFailed, curlyQuoted(path) + u" can\u2019t be read: "_s + why
-                                  + u". The file was left as it is."_s);
-        return {};
-    }
-    object->session = std::make_shared<DocumentSession>(m_machine, authorized, *root, signature);
+    object->session = std::make_shared<DocumentSession>(m_machine, authorized, reading.parsed->root,
+                                                        reading.parsed->signature);
     succeed();
     return SessionRef(object);
 }

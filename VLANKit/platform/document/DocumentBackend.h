@@ -1,10 +1,11 @@
 #pragma once
 
+#include "VLANKit/files/FileSignature.h"
 #include "VLANKit/platform/PlatformBackend.h"
 #include "VLANKit/platform/document/DocumentMachine.h"
-#include "VLANKit/platform/document/FileSignature.h"
 #include "VLANKit/platform/document/InterfaceFacts.h"
 #include "VLANKit/platform/document/KernelView.h"
+#include "VLANKit/platform/document/PreferencesFile.h"
 
 #include <QString>
 
@@ -35,6 +36,8 @@ public:
     [[nodiscard]] const DocumentMachine &machine() const { return *m_machine; }
     /// Authorization handles made and not yet freed.
     [[nodiscard]] int openAuthorizations() const { return m_openAuthorizations; }
+    /// How many times preferences.plist was parsed: once for each version of it that was read.
+    [[nodiscard]] int preferencesParses() const { return m_preferences.parses(); }
     /// For tests: whether the session's look-up tables equal tables built from its document.
     [[nodiscard]] static bool indexAgreesWithDocument(const SessionRef &session);
     /// What the kernel holds now: the state file that the last apply wrote, else the view of
@@ -172,6 +175,8 @@ private:
     [[nodiscard]] InterfaceRef fixedInterface(const InterfaceFacts &facts) const;
 
     std::shared_ptr<const DocumentMachine> m_machine;
+    /// Every reader of the preferences reads through it, so that a version is parsed once.
+    mutable PreferencesFile m_preferences;
     int m_status = 0;
     QString m_statusDescription;
     int m_openAuthorizations = 0;

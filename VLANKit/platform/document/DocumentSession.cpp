@@ -14,6 +14,9 @@ DocumentSession::DocumentSession(std::shared_ptr<const DocumentMachine> machine,
 PreferencesDocument &DocumentSession::edit()
 {
     m_changed = true;
+    // Every caller changes the document at once: what was worked out from it is out of date.
+    if (!m_facts.services.isEmpty() || !m_facts.vlans.isEmpty())
+        m_facts = FactsMemo();
     return m_staged;
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "VLANKit/files/FileSignature.h"
 #include "VLANKit/platform/document/DocumentMachine.h"
-#include "VLANKit/platform/document/FileSignature.h"
+#include "VLANKit/platform/document/InterfaceFacts.h"
 #include "VLANKit/platform/document/PreferencesDocument.h"
 #include "VLANKit/platform/document/SessionIndex.h"
 
@@ -46,6 +47,15 @@ public:
     [[nodiscard]] std::optional<std::pair<QString, QVariantMap>>
     takeTemplate(const QString &serviceID);
 
+    /// The facts of the interfaces of services and of VLANs, as worked out from the staged
+    /// document: they depend on nothing else, so they are kept until its next change.
+    struct FactsMemo
+    {
+        QHash<QString, std::optional<InterfaceFacts>> services;
+        QHash<QString, InterfaceFacts> vlans;
+    };
+    [[nodiscard]] FactsMemo &factsMemo() const { return m_facts; }
+
     /// For tests: whether the index kept up to date equals one built from the document now.
     [[nodiscard]] bool indexAgreesWithDocument();
 
@@ -58,6 +68,7 @@ private:
     bool m_changed = false;
     std::optional<SessionIndex> m_index;
     QHash<QString, std::pair<QString, QVariantMap>> m_templates;
+    mutable FactsMemo m_facts;
 };
 
 } // namespace VLANKit

@@ -25,12 +25,6 @@ bool isString(const QVariant &element, const QString &text)
            && *static_cast<const QString *>(element.constData()) == text;
 }
 
-bool holdsString(const QVariantList &list, const QString &text)
-{
-    return std::any_of(list.begin(), list.end(),
-                       [&](const QVariant &element) { return isString(element, text); });
-}
-
 } // namespace
 
 QString DocumentSets::newIdentifier()
@@ -111,9 +105,10 @@ void DocumentSets::insertInOrder(DocumentSession &session, const QString &setID,
     const QStringList path = DocumentPaths::serviceOrder(setID);
     if (!order(session, setID))
         session.edit().setValue(path, QVariantList());
-    QVariantList *listed = mutableListIn(*session.edit().mutableValue(path));
-    if (holdsString(*listed, serviceID))
+    // The index knows what the order holds, without a walk of a long order per new service.
+    if (session.index().isOrdered(setID, serviceID))
         return;
+    QVariantList *listed = mutableListIn(*session.edit().mutableValue(path));
     const auto rankOf = [&](const QString &id) {
         return InterfaceFacts::ofService(session, id).value_or(InterfaceFacts()).orderRank();
     };
@@ -127,6 +122,7 @@ void DocumentSets::insertInOrder(DocumentSession &session, const QString &setID,
             break;
     }
     listed->insert(at, serviceID);
+    session.index().addToOrder(setID, serviceID);
 }
 
 bool DocumentSets::addService(DocumentSession &session, const QString &setID,
@@ -170,15 +166,15 @@ bool DocumentSets::removeService(DocumentSession &session, const QString &setID,
 {
     if (!exists(session, setID) || !DocumentServices::exists(session, serviceID))
         return failWith(status, kSCStatusInvalidArgument);
-    if (const QVariant *stored = session.document().value(DocumentPaths::serviceOrder(setID));
-        stored && anyList(*stored) && holdsString(*anyList(*stored), serviceID)) {
+    SessionIndex &index = session.index();
+    if (index.isOrdered(setID, serviceID)) {
         const QStringList path = DocumentPaths::serviceOrder(setID);
         QVariantList *listed = mutableListIn(*session.edit().mutableValue(path));
         listed->removeIf([&](const QVariant &element) { return isString(element, serviceID); });
         if (listed->isEmpty())
             session.edit().remove(path);
+        index.removeFromOrder(setID, serviceID);
     }
-    SessionIndex &index = session.index();
     for (const SessionIndex::Link &link : index.links(serviceID)) {
         if (link.setID != setID)
             continue;
@@ -219,9 +215,11 @@ bool DocumentSets::setOrder(DocumentSession &session, const QString &setID,
     if (kept.isEmpty()) {
         if (session.document().value(path))
             session.edit().remove(path);
+        session.index().replaceOrder(setID, std::nullopt);
         return true;
     }
     session.edit().setValue(path, kept);
+    session.index().replaceOrder(setID, kept);
     return true;
 }
 
@@ -260,6 +258,7 @@ bool DocumentSets::remove(DocumentSession &session, const QString &setID, int &s
         }
     }
     session.edit().remove(DocumentPaths::set(setID));
+    index.replaceOrder(setID, std::nullopt);
     return true;
 }
 

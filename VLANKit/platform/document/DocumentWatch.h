@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VLANKit/platform/document/FileSignature.h"
+#include "VLANKit/files/FileSignature.h"
 
 #include <QFileSystemWatcher>
 #include <QList>

@@ -3,6 +3,7 @@
 #include "VLANKit/formats/AnyValue.h"
 #include "VLANKit/platform/PlatformConstants.h"
 #include "VLANKit/platform/document/DocumentPaths.h"
+#include "VLANKit/platform/document/DocumentSession.h"
 
 using namespace Qt::StringLiterals;
 
@@ -43,6 +44,9 @@ InterfaceFacts InterfaceFacts::ofHardware(const HardwareInterface &hardware)
 
 InterfaceFacts InterfaceFacts::ofVLAN(const DocumentSession &session, const QString &name)
 {
+    DocumentSession::FactsMemo &memo = session.factsMemo();
+    if (const auto kept = memo.vlans.constFind(name); kept != memo.vlans.constEnd())
+        return *kept;
     InterfaceFacts facts;
     facts.bsdName = name;
     facts.type = kSCNetworkInterfaceTypeVLAN;
@@ -52,6 +56,7 @@ InterfaceFacts InterfaceFacts::ofVLAN(const DocumentSession &session, const QStr
     facts.displayName = entry ? entry->shownName : *facts.storedName;
     // The system counts VLANs as built in when it ranks services.
     facts.builtIn = true;
+    memo.vlans.insert(name, facts);
     return facts;
 }
 
@@ -67,6 +72,15 @@ InterfaceFacts InterfaceFacts::ofAdapter(const DocumentMachine &machine, const Q
 
 std::optional<InterfaceFacts> InterfaceFacts::ofService(const DocumentSession &session,
                                                         const QString &serviceID)
+{
+    DocumentSession::FactsMemo &memo = session.factsMemo();
+    if (const auto kept = memo.services.constFind(serviceID); kept != memo.services.constEnd())
+        return *kept;
+    return *memo.services.insert(serviceID, readOfService(session, serviceID));
+}
+
+std::optional<InterfaceFacts> InterfaceFacts::readOfService(const DocumentSession &session,
+                                                            const QString &serviceID)
 {
     const QVariantMap *service = session.document().map(DocumentPaths::service(serviceID));
     const std::optional<QVariantMap> entity =

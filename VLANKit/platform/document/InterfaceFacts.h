@@ -1,6 +1,5 @@
 #pragma once
 
-#include "VLANKit/platform/document/DocumentSession.h"
 #include "VLANKit/platform/document/HardwareInterface.h"
 
 #include <QString>
@@ -9,6 +8,9 @@
 #include <optional>
 
 namespace VLANKit {
+
+class DocumentMachine;
+class DocumentSession;
 
 /// What an interface shows through the framework's getters, worked out as the system's own
 /// preferences file would give it: an attached device shows what its driver says, a VLAN of
@@ -34,6 +36,10 @@ struct InterfaceFacts
     /// the service stores none.
     [[nodiscard]] static std::optional<InterfaceFacts> ofService(const DocumentSession &session,
                                                                  const QString &serviceID);
+
+    /// The facts of `ofService` as the document tells them, without the session's memo.
+    [[nodiscard]] static std::optional<InterfaceFacts> readOfService(const DocumentSession &session,
+                                                                     const QString &serviceID);
 
     /// The dictionary that a new service on this interface stores under "Interface".
     [[nodiscard]] QVariantMap storageEntity() const;

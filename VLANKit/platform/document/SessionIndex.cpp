@@ -78,6 +78,12 @@ SessionIndex SessionIndex::build(const PreferencesDocument &document)
             }
         }
     }
+    if (const QVariantMap *sets = document.map({DocumentPaths::setsKey})) {
+        for (auto set = sets->constBegin(); set != sets->constEnd(); ++set) {
+            const QVariant *order = document.value(DocumentPaths::serviceOrder(set.key()));
+            index.replaceOrder(set.key(), order ? anyList(*order) : std::nullopt);
+        }
+    }
     if (const QVariantMap *services = document.map({DocumentPaths::servicesKey})) {
         for (auto service = services->constBegin(); service != services->constEnd(); ++service) {
             if (const QVariantMap *map = mapIn(service.value()))
@@ -158,6 +164,38 @@ void SessionIndex::renameService(const QString &serviceID, const std::optional<Q
         removeFrom(m_byStoredName, *from, serviceID);
     if (to)
         addTo(m_byStoredName, *to, serviceID);
+}
+
+bool SessionIndex::isOrdered(const QString &setID, const QString &serviceID) const
+{
+    const auto found = m_ordered.constFind(setID);
+    return found != m_ordered.constEnd() && found->contains(serviceID);
+}
+
+void SessionIndex::addToOrder(const QString &setID, const QString &serviceID)
+{
+    ++m_ordered[setID][serviceID];
+}
+
+void SessionIndex::removeFromOrder(const QString &setID, const QString &serviceID)
+{
+    const auto found = m_ordered.find(setID);
+    if (found == m_ordered.end())
+        return;
+    found->remove(serviceID);
+    if (found->isEmpty())
+        m_ordered.erase(found);
+}
+
+void SessionIndex::replaceOrder(const QString &setID, const std::optional<QVariantList> &order)
+{
+    m_ordered.remove(setID);
+    if (!order)
+        return;
+    for (const QVariant &element : *order) {
+        if (const auto id = anyString(element))
+            addToOrder(setID, *id);
+    }
 }
 
 QSet<QString> SessionIndex::vlansOn(const QString &parent, qint64 tag) const

@@ -64,6 +64,13 @@ public:
     void addVLAN(const QString &name, const QVariant &value);
     void removeVLAN(const QString &name, const QVariant &value);
 
+    // The identifiers that stand in each set's service order.
+    [[nodiscard]] bool isOrdered(const QString &setID, const QString &serviceID) const;
+    void addToOrder(const QString &setID, const QString &serviceID);
+    void removeFromOrder(const QString &setID, const QString &serviceID);
+    /// The set's order is now this list, or gone when there is none.
+    void replaceOrder(const QString &setID, const std::optional<QVariantList> &order);
+
     [[nodiscard]] VLANNameAllocator &names() { return m_names; }
     [[nodiscard]] const VLANNameAllocator &names() const { return m_names; }
 
@@ -75,6 +82,8 @@ private:
     QHash<QString, QSet<QString>> m_byStoredName;
     QHash<QString, QSet<QString>> m_byParentAndTag;
     QHash<QString, QSet<QString>> m_byShownName;
+    /// Per set, each identifier of its order with how many times it stands there.
+    QHash<QString, QHash<QString, int>> m_ordered;
     VLANNameAllocator m_names;
 };
 

@@ -1,4 +1,4 @@
-#include "VLANKit/platform/document/FileSignature.h"
+#include "VLANKit/files/FileSignature.h"
 
 #include <sys/stat.h>
 #include <time.h>
