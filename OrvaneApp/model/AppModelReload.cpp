@@ -68,9 +68,12 @@ void AppModel::publish(VLANStore &store, const QList<LocationRecord> &locations,
     setLive(readLive());
     seedRows(vlans, services);
     const QHash<QString, ClosedRange> frameRanges = store.adapterFrameRanges();
+    // Every row's offers in one walk of the Location, each driver asked once.
+    const QHash<QString, HardwareCapabilities> offers = store.hardwareCapabilitiesByService();
     for (const Row &row : std::as_const(m_rows)) {
         const std::optional<QString> &serviceID = row->source().serviceID;
-        row->setOffers(serviceID ? store.hardwareCapabilities(*serviceID) : std::nullopt);
+        const auto offered = serviceID ? offers.constFind(*serviceID) : offers.constEnd();
+        row->setOffers(offered != offers.constEnd() ? std::optional(*offered) : std::nullopt);
         const auto holds = serviceID ? m_live.ipv4.constFind(*serviceID) : m_live.ipv4.constEnd();
         row->setHolds(holds != m_live.ipv4.constEnd() ? std::optional(*holds) : std::nullopt);
         row->setParentFrameRanges(frameRanges);
