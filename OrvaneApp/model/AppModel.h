@@ -85,6 +85,27 @@ public:
     [[nodiscard]] const VLANKit::AddressPlan &addressPlan() const { return m_addressPlan; }
     void setAddressPlan(const VLANKit::AddressPlan &addressPlan);
 
+    void addRow();
+    /// Never leaves the list empty: a blank row replaces the last one.
+    void removeRow(const DraftRow &draft);
+    [[nodiscard]] QList<DraftRow> buildableDrafts() const;
+    [[nodiscard]] QSet<qint64> existingTags() const;
+    /// Follows on from the row above, not from the lowest gap; empty when nothing is left.
+    [[nodiscard]] QString suggestedNextTag() const;
+    [[nodiscard]] QList<ExistingVLAN> existingVLANs() const;
+    [[nodiscard]] QList<AdapterChoice> buildAdapterChoices() const;
+    [[nodiscard]] bool selectedAdapterNeedsName() const;
+    [[nodiscard]] std::optional<QString> selectedAdapterNameHint() const;
+    /// The start of a sentence that the Add tab completes.
+    [[nodiscard]] std::optional<QString> buildAdapterProblem() const;
+    /// One message for each draft that can't be built, by draft.
+    [[nodiscard]] QHash<QUuid, QString> issues() const;
+    [[nodiscard]] bool canBuild() const;
+    /// Shows what a build would do; asks for no right.
+    void preparePlan();
+    void commitPendingPlan();
+    [[nodiscard]] static QString receipt(const QList<VLANKit::PlannedChange> &changes);
+
     // Outcomes.
     [[nodiscard]] const std::optional<QString> &loadError() const { return m_loadError; }
     [[nodiscard]] const std::optional<BuildResult> &result() const { return m_result; }
@@ -111,6 +132,24 @@ public:
     {
         return m_adaptersNotInLocation;
     }
+
+    [[nodiscard]] QList<Row> vlanRows() const;
+    [[nodiscard]] QList<Row> dirtyRows() const;
+    [[nodiscard]] QList<VLANKit::PlannedChange> allChanges() const;
+    [[nodiscard]] QList<RowProblem> rowProblems() const;
+    [[nodiscard]] EditStatus editStatus() const;
+    /// Writes the changes as one transaction, on a right asked for now.
+    void apply(const QList<VLANKit::PlannedChange> &changes);
+    void revert(const Row &row);
+    void revertAll();
+    [[nodiscard]] std::optional<VLANKit::LiveState::Address> liveAddress(const Row &row) const;
+    [[nodiscard]] QList<Row> selectedRows() const;
+    void toggleSelection(const Row &row);
+    [[nodiscard]] QList<VLANKit::PlannedChange> deleteSelectedChanges() const;
+    [[nodiscard]] QList<VLANKit::PlannedChange> setSelectedEnabledChanges(bool enabled) const;
+    [[nodiscard]] QList<VLANKit::PlannedChange>
+    orphanReparentChanges(const QString &adapterBSD) const;
+    [[nodiscard]] QList<VLANKit::PlannedChange> addToLocationChanges() const;
 
     // The service order.
     [[nodiscard]] const QList<VLANKit::ServiceRecord> &serviceOrder() const
@@ -283,6 +322,13 @@ private:
         return true;
     }
 
+    /// Runs `work` on a writable store opened on a right asked for now, with the shown
+    /// Location selected when `selectShown`. Every failure reaches the caller.
+    void writeWithRight(const std::function<void(VLANKit::VLANStore &)> &work,
+                        bool selectShown = true);
+    /// The adapter chosen under "Build on", when it is among `adapters`.
+    [[nodiscard]] const VLANKit::AdapterRecord *selectedAdapterRecord() const;
+    [[nodiscard]] bool selectedAdapterIsPresent() const;
     void setLoadError(const std::optional<QString> &error);
     void setIsReloading(bool reloading);
     void setRows(const QList<Row> &rows);
