@@ -175,6 +175,15 @@ public:
     [[nodiscard]] RankingLine rankingLine() const;
     [[nodiscard]] QList<OrderLine> recommendedOrderLines() const;
     void toggleInternet(const VLANKit::ServiceRecord &service);
+    /// Shows the move at once and writes it; `sourceOffsets` land before `targetOffset`, both
+    /// counted in the list as it stands before the move.
+    void moveServices(const QList<qsizetype> &sourceOffsets, qsizetype targetOffset);
+    /// Writes the order on a right asked for now.
+    void writeOrder(const QStringList &serviceIDs);
+    /// Writes the recommended order as a fresh read has it, not as the field last had it.
+    void applyRecommendedOrder();
+    /// Inside the sheet while it is open, else as a failed result.
+    void reportOrderFailure(const QString &message);
 
     // Adapter names.
     [[nodiscard]] const std::optional<QString> &renamingAdapter() const
@@ -184,6 +193,12 @@ public:
     void setRenamingAdapter(const std::optional<QString> &bsdName);
     [[nodiscard]] const QString &adapterNewName() const { return m_adapterNewName; }
     void setAdapterNewName(const QString &name);
+    /// Opens the sheet for the adapter chosen under "Build on".
+    void beginRenamingAdapter();
+    [[nodiscard]] std::optional<QString> adapterNameIssue() const;
+    [[nodiscard]] bool canRenameAdapter() const;
+    /// Closes the sheet, then saves through `apply`, whose result tells how it went.
+    void commitAdapterRename();
     [[nodiscard]] const QList<VLANKit::PlannedChange> &adapterNameSync() const
     {
         return m_adapterNameSync;
@@ -329,6 +344,9 @@ private:
     /// The adapter chosen under "Build on", when it is among `adapters`.
     [[nodiscard]] const VLANKit::AdapterRecord *selectedAdapterRecord() const;
     [[nodiscard]] bool selectedAdapterIsPresent() const;
+    /// A read-only store on the shown Location, or the system's current one when that can't
+    /// be selected; none when no store opens.
+    [[nodiscard]] std::unique_ptr<VLANKit::VLANStore> openShownStore();
     void setLoadError(const std::optional<QString> &error);
     void setIsReloading(bool reloading);
     void setRows(const QList<Row> &rows);
