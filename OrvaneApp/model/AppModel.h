@@ -205,6 +205,26 @@ public:
     }
 
     // Locations.
+    void beginCreatingLocation();
+    [[nodiscard]] std::optional<QString> newLocationIssue() const;
+    [[nodiscard]] bool canCreateLocation() const;
+    /// The line under the tick "switch to it", for the tick's state.
+    [[nodiscard]] QString newLocationSwitchNote(bool switching) const;
+    void createLocation();
+    /// Raises the confirmation of a switch, unless the name is on show already or unknown.
+    void askToSwitch(const QString &name);
+    [[nodiscard]] QString switchDetail() const;
+    void confirmSwitch();
+    /// Makes the Location the system's current one; answers whether it did.
+    bool makeActive(const QString &name);
+    void beginRenamingLocation();
+    [[nodiscard]] std::optional<QString> locationRenameIssue() const;
+    [[nodiscard]] bool canRenameLocation() const;
+    void commitLocationRename();
+    /// The Location in use can't be deleted.
+    [[nodiscard]] QList<VLANKit::LocationRecord> deletableLocations() const;
+    [[nodiscard]] QString deleteDetail(const QString &name) const;
+    void deleteLocation(const QString &name);
     [[nodiscard]] bool creatingLocation() const { return m_creatingLocation; }
     void setCreatingLocation(bool creating);
     [[nodiscard]] const QString &newLocationName() const { return m_newLocationName; }
@@ -347,6 +367,12 @@ private:
     /// A read-only store on the shown Location, or the system's current one when that can't
     /// be selected; none when no store opens.
     [[nodiscard]] std::unique_ptr<VLANKit::VLANStore> openShownStore();
+    /// Whether a Location other than `except` has this name, case aside.
+    [[nodiscard]] bool locationNameTaken(const QString &name, const QString &except = {}) const;
+    /// What saving would throw away, said after a note about a switch; empty without edits.
+    [[nodiscard]] QString editsLost() const;
+    void succeed(const QString &message);
+    void fail(const std::exception &failure);
     void setLoadError(const std::optional<QString> &error);
     void setIsReloading(bool reloading);
     void setRows(const QList<Row> &rows);

@@ -34,7 +34,7 @@ void AppModel::preparePlan()
         setPendingPlan(
             PendingPlan{QUuid::createUuid(), store->planApply(profile, m_selectedAdapter)});
     } catch (const std::exception &failure) {
-        setResult(BuildResult{QUuid::createUuid(), false, localizedDescription(failure)});
+        fail(failure);
     }
 }
 
@@ -48,7 +48,7 @@ void AppModel::commitPendingPlan()
     try {
         writeWithRight([&](VLANStore &store) { store.execute(plan); });
     } catch (const std::exception &failure) {
-        setResult(BuildResult{QUuid::createUuid(), false, localizedDescription(failure)});
+        fail(failure);
         return;
     }
     const qsizetype count = plan.changes.size();
@@ -60,7 +60,7 @@ void AppModel::commitPendingPlan()
     const QString message =
         built ? u"Built "_s + counted(count, u"VLAN"_s) + u" on "_s + plan.adapterBSD + u"."_s
               : u"Applied "_s + counted(count, u"change"_s) + u"."_s;
-    setResult(BuildResult{QUuid::createUuid(), true, message});
+    succeed(message);
     if (built) {
         setDrafts({std::make_shared<Draft>()});
         setTab(AppTab::current);

@@ -81,12 +81,12 @@ void AppModel::apply(const QList<PlannedChange> &changes)
     try {
         writeWithRight([&](VLANStore &store) { store.execute(Plan{notReported(), changes}); });
     } catch (const std::exception &failure) {
-        setResult(BuildResult{QUuid::createUuid(), false, localizedDescription(failure)});
+        fail(failure);
         // Nothing was written, so the touched rows meet the same sources and survive.
         reload(false);
         return;
     }
-    setResult(BuildResult{QUuid::createUuid(), true, receipt(changes)});
+    succeed(receipt(changes));
     const auto removals =
         std::count_if(changes.begin(), changes.end(), [](const PlannedChange &change) {
             return change.as<PlannedChange::RemoveVLAN>() != nullptr;
