@@ -253,6 +253,19 @@ public:
     void setLocationRenameError(const std::optional<QString> &error);
 
     // Project files.
+    /// Opens a project: straight into the rows, or first to the question of the host octet
+    /// when the file holds Manual addresses.
+    void loadProfile(const QString &path);
+    /// The Add tab's rows become the project's entries.
+    void populateDrafts(const VLANKit::Profile &profile);
+    [[nodiscard]] static QString hostToOffer(const VLANKit::Profile &in,
+                                             const VLANKit::MachineIdentity &to,
+                                             const QString &planHost);
+    [[nodiscard]] std::optional<QString> importHostIssue() const;
+    [[nodiscard]] bool canConfirmImport() const;
+    void confirmImport();
+    /// Captures the shown Location into the file, keeping the claims it already holds.
+    void saveProfile(const QString &path);
     [[nodiscard]] const std::optional<VLANKit::Profile> &pendingImport() const
     {
         return m_pendingImport;
