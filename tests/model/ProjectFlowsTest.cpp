@@ -119,6 +119,7 @@ TEST_F(ProjectFlows, AnUnreadableFileGivesItsSentenceAndNoSheet)
     EXPECT_FALSE(model->result()->message.isEmpty());
     EXPECT_FALSE(model->pendingImport());
     EXPECT_EQ(model->drafts().first()->name(), u"Mine"_s);
+    EXPECT_EQ(reads, 0);
 }
 
 TEST_F(ProjectFlows, ADHCPOnlyProjectOpensWithoutASheetAndRecordsNothing)
@@ -137,6 +138,17 @@ TEST_F(ProjectFlows, ADHCPOnlyProjectOpensWithoutASheetAndRecordsNothing)
     EXPECT_EQ(model->drafts().at(0)->tag(), u"20"_s);
     EXPECT_EQ(model->drafts().at(0)->mode(), IPMode::dhcp);
     EXPECT_EQ(model->drafts().at(0)->subnetMask(), u"255.255.255.0"_s);
+    EXPECT_EQ(model->tab(), AppTab::add);
+    EXPECT_EQ(reads, 0);
+}
+
+TEST_F(ProjectFlows, AProjectWithoutEntriesLeavesOneBlankRow)
+{
+    const auto model = makeModel();
+    model->setDrafts(draftsOf({{u"5"_s, u"Mine"_s}, {u"6"_s, u"Yours"_s}}));
+    model->populateDrafts(Profile{.name = u"empty"_s});
+    ASSERT_EQ(model->drafts().size(), 1);
+    EXPECT_TRUE(model->drafts().first()->isBlank());
     EXPECT_EQ(model->tab(), AppTab::add);
 }
 
