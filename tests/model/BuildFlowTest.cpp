@@ -2,6 +2,8 @@
 #include "VLANKit/store/VLANStore.h"
 #include "tests/model/ModelTestSupport.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace VLANKit;
@@ -195,7 +197,14 @@ TEST_F(BuildFlow, PreparingAsksNoRightAndCommittingBuildsTheRows)
     ASSERT_EQ(model->drafts().size(), 1);
     EXPECT_TRUE(model->drafts().first()->isBlank());
     EXPECT_EQ(model->tab(), AppTab::current);
+    // The watcher tells of the commit as well: a debounced read comes before the settling one.
+    // One round hears the file, the next runs the notification queued to the model.
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(model->isRefreshPending());
+    const int readsBefore = reads;
     clock->advance(700ms);
+    EXPECT_EQ(reads, readsBefore + 2);
     const AppModel::Row stageRight = vlanRow(*model, 1060);
     EXPECT_EQ(stageRight->source().name, u"1060 - Stage Right (DONGLE)"_s);
     EXPECT_EQ(stageRight->liveness(), ServiceEdit::Liveness::connected);
