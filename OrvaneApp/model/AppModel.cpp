@@ -2,6 +2,7 @@
 #include "OrvaneApp/model/AppModel.h"
 
 #include "OrvaneApp/model/NetworkWatcher.h"
+#include "VLANKit/core/VLANError.h"
 #include "VLANKit/store/VLANStore.h"
 
 using namespace VLANKit;
@@ -103,6 +104,16 @@ void AppModel::setLoadError(const std::optional<QString> &error)
 void AppModel::setResult(const std::optional<BuildResult> &result)
 {
     assign(m_result, result, &AppModel::resultChanged);
+}
+
+void AppModel::succeed(const QString &message)
+{
+    setResult(BuildResult{QUuid::createUuid(), true, message});
+}
+
+void AppModel::fail(const std::exception &failure)
+{
+    setResult(BuildResult{QUuid::createUuid(), false, localizedDescription(failure)});
 }
 
 void AppModel::setPendingPlan(const std::optional<PendingPlan> &pendingPlan)

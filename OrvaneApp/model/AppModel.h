@@ -85,6 +85,27 @@ public:
     [[nodiscard]] const VLANKit::AddressPlan &addressPlan() const { return m_addressPlan; }
     void setAddressPlan(const VLANKit::AddressPlan &addressPlan);
 
+    void addRow();
+    /// Never leaves the list empty: a blank row replaces the last one.
+    void removeRow(const DraftRow &draft);
+    [[nodiscard]] QList<DraftRow> buildableDrafts() const;
+    [[nodiscard]] QSet<qint64> existingTags() const;
+    /// Follows on from the row above, not from the lowest gap; empty when nothing is left.
+    [[nodiscard]] QString suggestedNextTag() const;
+    [[nodiscard]] QList<ExistingVLAN> existingVLANs() const;
+    [[nodiscard]] QList<AdapterChoice> buildAdapterChoices() const;
+    [[nodiscard]] bool selectedAdapterNeedsName() const;
+    [[nodiscard]] std::optional<QString> selectedAdapterNameHint() const;
+    /// The start of a sentence that the Add tab completes.
+    [[nodiscard]] std::optional<QString> buildAdapterProblem() const;
+    /// One message for each draft that can't be built, by draft.
+    [[nodiscard]] QHash<QUuid, QString> issues() const;
+    [[nodiscard]] bool canBuild() const;
+    /// Shows what a build would do; asks for no right.
+    void preparePlan();
+    void commitPendingPlan();
+    [[nodiscard]] static QString receipt(const QList<VLANKit::PlannedChange> &changes);
+
     // Outcomes.
     [[nodiscard]] const std::optional<QString> &loadError() const { return m_loadError; }
     [[nodiscard]] const std::optional<BuildResult> &result() const { return m_result; }
@@ -112,6 +133,24 @@ public:
         return m_adaptersNotInLocation;
     }
 
+    [[nodiscard]] QList<Row> vlanRows() const;
+    [[nodiscard]] QList<Row> dirtyRows() const;
+    [[nodiscard]] QList<VLANKit::PlannedChange> allChanges() const;
+    [[nodiscard]] QList<RowProblem> rowProblems() const;
+    [[nodiscard]] EditStatus editStatus() const;
+    /// Writes the changes as one transaction, on a right asked for now.
+    void apply(const QList<VLANKit::PlannedChange> &changes);
+    void revert(const Row &row);
+    void revertAll();
+    [[nodiscard]] std::optional<VLANKit::LiveState::Address> liveAddress(const Row &row) const;
+    [[nodiscard]] QList<Row> selectedRows() const;
+    void toggleSelection(const Row &row);
+    [[nodiscard]] QList<VLANKit::PlannedChange> deleteSelectedChanges() const;
+    [[nodiscard]] QList<VLANKit::PlannedChange> setSelectedEnabledChanges(bool enabled) const;
+    [[nodiscard]] QList<VLANKit::PlannedChange>
+    orphanReparentChanges(const QString &adapterBSD) const;
+    [[nodiscard]] QList<VLANKit::PlannedChange> addToLocationChanges() const;
+
     // The service order.
     [[nodiscard]] const QList<VLANKit::ServiceRecord> &serviceOrder() const
     {
@@ -136,6 +175,15 @@ public:
     [[nodiscard]] RankingLine rankingLine() const;
     [[nodiscard]] QList<OrderLine> recommendedOrderLines() const;
     void toggleInternet(const VLANKit::ServiceRecord &service);
+    /// Shows the move at once and writes it; `sourceOffsets` land before `targetOffset`, both
+    /// counted in the list as it stands before the move.
+    void moveServices(const QList<qsizetype> &sourceOffsets, qsizetype targetOffset);
+    /// Writes the order on a right asked for now.
+    void writeOrder(const QStringList &serviceIDs);
+    /// Writes the recommended order as a fresh read has it, not as the field last had it.
+    void applyRecommendedOrder();
+    /// Inside the sheet while it is open, else as a failed result.
+    void reportOrderFailure(const QString &message);
 
     // Adapter names.
     [[nodiscard]] const std::optional<QString> &renamingAdapter() const
@@ -145,12 +193,38 @@ public:
     void setRenamingAdapter(const std::optional<QString> &bsdName);
     [[nodiscard]] const QString &adapterNewName() const { return m_adapterNewName; }
     void setAdapterNewName(const QString &name);
+    /// Opens the sheet for the adapter chosen under "Build on".
+    void beginRenamingAdapter();
+    [[nodiscard]] std::optional<QString> adapterNameIssue() const;
+    [[nodiscard]] bool canRenameAdapter() const;
+    /// Closes the sheet, then saves through `apply`, whose result tells how it went.
+    void commitAdapterRename();
     [[nodiscard]] const QList<VLANKit::PlannedChange> &adapterNameSync() const
     {
         return m_adapterNameSync;
     }
 
     // Locations.
+    void beginCreatingLocation();
+    [[nodiscard]] std::optional<QString> newLocationIssue() const;
+    [[nodiscard]] bool canCreateLocation() const;
+    /// The line under the tick "switch to it", for the tick's state.
+    [[nodiscard]] QString newLocationSwitchNote(bool switching) const;
+    void createLocation();
+    /// Raises the confirmation of a switch, unless the name is on show already or unknown.
+    void askToSwitch(const QString &name);
+    [[nodiscard]] QString switchDetail() const;
+    void confirmSwitch();
+    /// Makes the Location the system's current one; answers whether it did.
+    bool makeActive(const QString &name);
+    void beginRenamingLocation();
+    [[nodiscard]] std::optional<QString> locationRenameIssue() const;
+    [[nodiscard]] bool canRenameLocation() const;
+    void commitLocationRename();
+    /// The Location in use can't be deleted.
+    [[nodiscard]] QList<VLANKit::LocationRecord> deletableLocations() const;
+    [[nodiscard]] QString deleteDetail(const QString &name) const;
+    void deleteLocation(const QString &name);
     [[nodiscard]] bool creatingLocation() const { return m_creatingLocation; }
     void setCreatingLocation(bool creating);
     [[nodiscard]] const QString &newLocationName() const { return m_newLocationName; }
@@ -179,6 +253,19 @@ public:
     void setLocationRenameError(const std::optional<QString> &error);
 
     // Project files.
+    /// Opens a project: straight into the rows, or first to the question of the host octet
+    /// when the file holds Manual addresses.
+    void loadProfile(const QString &path);
+    /// The Add tab's rows become the project's entries.
+    void populateDrafts(const VLANKit::Profile &profile);
+    [[nodiscard]] static QString hostToOffer(const VLANKit::Profile &in,
+                                             const VLANKit::MachineIdentity &to,
+                                             const QString &planHost);
+    [[nodiscard]] std::optional<QString> importHostIssue() const;
+    [[nodiscard]] bool canConfirmImport() const;
+    void confirmImport();
+    /// Captures the shown Location into the file, keeping the claims it already holds.
+    void saveProfile(const QString &path);
     [[nodiscard]] const std::optional<VLANKit::Profile> &pendingImport() const
     {
         return m_pendingImport;
@@ -283,6 +370,22 @@ private:
         return true;
     }
 
+    /// Runs `work` on a writable store opened on a right asked for now, with the shown
+    /// Location selected when `selectShown`. Every failure reaches the caller.
+    void writeWithRight(const std::function<void(VLANKit::VLANStore &)> &work,
+                        bool selectShown = true);
+    /// The adapter chosen under "Build on", when it is among `adapters`.
+    [[nodiscard]] const VLANKit::AdapterRecord *selectedAdapterRecord() const;
+    [[nodiscard]] bool selectedAdapterIsPresent() const;
+    /// A read-only store on the shown Location, or the system's current one when that can't
+    /// be selected; none when no store opens.
+    [[nodiscard]] std::unique_ptr<VLANKit::VLANStore> openShownStore();
+    /// Whether a Location other than `except` has this name, case aside.
+    [[nodiscard]] bool locationNameTaken(const QString &name, const QString &except = {}) const;
+    /// What saving would throw away, said after a note about a switch; empty without edits.
+    [[nodiscard]] QString editsLost() const;
+    void succeed(const QString &message);
+    void fail(const std::exception &failure);
     void setLoadError(const std::optional<QString> &error);
     void setIsReloading(bool reloading);
     void setRows(const QList<Row> &rows);

@@ -46,19 +46,25 @@ void AppModel::internetTicksChanged()
     m_internetMarks = m_internetMarks.marking(m_internetServiceIDs);
     if (!m_isPicture)
         InternetMemory::keep(m_internetMarks, m_selectedLocation, m_defaults);
+    // Without a store the order stays as shown; the next read brings it up to date.
+    if (const std::unique_ptr<VLANStore> store = openShownStore())
+        refreshOrderState(*store);
+}
+
+std::unique_ptr<VLANStore> AppModel::openShownStore()
+{
     std::unique_ptr<VLANStore> store;
     try {
         store = openStore();
     } catch (const std::exception &) {
-        // The order stays as shown; the next read brings it up to date.
-        return;
+        return nullptr;
     }
     try {
         store->selectLocation(m_selectedLocation);
     } catch (const std::exception &) {
         // The store's current set is the best there is.
     }
-    refreshOrderState(*store);
+    return store;
 }
 
 void AppModel::toggleInternet(const ServiceRecord &service)

@@ -48,6 +48,11 @@ void Draft::setDNS(const QString &dns)
     update(m_fields.dns, dns);
 }
 
+void Draft::setAutoAddress(bool autoAddress)
+{
+    update(m_autoAddress, autoAddress);
+}
+
 void Draft::setFields(const IPFields &fields)
 {
     update(m_fields, fields);

@@ -42,6 +42,7 @@ public:
     void setDNS(const QString &dns);
     /// The address belongs to the plan, which rewrites it.
     [[nodiscard]] bool autoAddress() const { return m_autoAddress; }
+    void setAutoAddress(bool autoAddress);
     [[nodiscard]] const std::optional<IPFields> &stash() const { return m_stash; }
 
     /// Nothing that makes a VLAN was typed: DNS, router and mask don't count.

@@ -5,7 +5,10 @@
 #include <QString>
 #include <QUuid>
 
+#include <memory>
 #include <optional>
+
+class ServiceEdit;
 
 /// The tab on show.
 enum class AppTab { current, add };
@@ -83,4 +86,31 @@ struct RankingLine
     bool warns = false;
 
     friend bool operator==(const RankingLine &, const RankingLine &) = default;
+};
+
+/// One entry of the picker of the adapter to build on.
+struct AdapterChoice
+{
+    QString bsdName;
+    QString label;
+
+    friend bool operator==(const AdapterChoice &, const AdapterChoice &) = default;
+};
+
+/// A dirty row that can't be saved, and why.
+struct RowProblem
+{
+    std::shared_ptr<ServiceEdit> row;
+    QString message;
+
+    friend bool operator==(const RowProblem &, const RowProblem &) = default;
+};
+
+/// The one line on the state of all edits; `warns` when it tells a problem.
+struct EditStatus
+{
+    QString text;
+    bool warns = false;
+
+    friend bool operator==(const EditStatus &, const EditStatus &) = default;
 };

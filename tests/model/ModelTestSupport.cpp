@@ -15,6 +15,26 @@ std::unique_ptr<AppModel> ModelTest::makeModel(bool isPicture)
     return model;
 }
 
+std::unique_ptr<AppModel> ModelTest::makeCountedModel()
+{
+    counter = std::make_shared<CountingBackend>(platform->sharedBackend());
+    auto model = std::make_unique<AppModel>(Platform(counter), defaults, false, clock);
+    model->openStore = [this, open = model->openStore] {
+        ++reads;
+        return open();
+    };
+    return model;
+}
+
+QList<AppModel::DraftRow>
+ModelTest::draftsOf(const QList<std::pair<QString, QString>> &tagsAndNames)
+{
+    QList<AppModel::DraftRow> drafts;
+    for (const auto &[tag, name] : tagsAndNames)
+        drafts.append(std::make_shared<Draft>(tag, name));
+    return drafts;
+}
+
 AppModel::Row ModelTest::vlanRow(const AppModel &model, qint64 tag)
 {
     for (const AppModel::Row &row : model.rows()) {

@@ -2,6 +2,7 @@
 
 #include "OrvaneApp/model/AppModel.h"
 #include "tests/model/ManualClock.h"
+#include "tests/support/CountingBackend.h"
 #include "tests/support/StoreTestSupport.h"
 
 #include <functional>
@@ -17,6 +18,12 @@ protected:
     /// A model over the copy; `reads` counts the stores it opens from here on.
     [[nodiscard]] std::unique_ptr<AppModel> makeModel(bool isPicture = false);
 
+    /// A model whose platform counts every call at the seam, in `counter`.
+    [[nodiscard]] std::unique_ptr<AppModel> makeCountedModel();
+    /// Drafts with these tags and names, in order.
+    [[nodiscard]] static QList<AppModel::DraftRow>
+    draftsOf(const QList<std::pair<QString, QString>> &tagsAndNames);
+
     /// The row of the VLAN with this tag, which must exist.
     [[nodiscard]] static AppModel::Row vlanRow(const AppModel &model, qint64 tag);
     /// The adapter row of the service with this name, which must exist.
@@ -30,4 +37,5 @@ protected:
     VLANKit::Defaults defaults =
         VLANKit::Defaults::inFile(temporary.filePath(QStringLiteral("defaults.plist")));
     int reads = 0;
+    std::shared_ptr<VLANKit::CountingBackend> counter;
 };
