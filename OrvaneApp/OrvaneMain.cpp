@@ -1,7 +1,11 @@
 #include "OrvaneApp/OrvaneMain.h"
 
+#include "OrvaneApp/model/AppModel.h"
+#include "OrvaneApp/model/Theme.h"
 #include "OrvaneApp/proof/RenderProof.h"
 #include "OrvaneApp/proof/RenderRequest.h"
+#include "OrvaneApp/surfaces/ContentView.h"
+#include "OrvaneApp/surfaces/MainWindow.h"
 #include "VLANKit/Platform.h"
 #include "VLANKit/core/VLANError.h"
 
@@ -53,6 +57,26 @@ int renderPicture(int argc, char **argv, const RenderRequest &request, const QSt
     }
 }
 
+/// The window application: one model for the whole process, one main window.
+int openTheWindow(int argc, char **argv, const QStringList &arguments)
+{
+    QApplication application(argc, argv);
+    nameTheApplication();
+    QApplication::setFont(Theme::base());
+    std::optional<VLANKit::Platform> platform;
+    try {
+        platform = VLANKit::choosePlatform(arguments);
+    } catch (const std::exception &failure) {
+        print(stderr, VLANKit::localizedDescription(failure) + u'\n');
+        return 1;
+    }
+    const VLANKit::Defaults defaults = VLANKit::Defaults::standard();
+    AppModel model(*platform, defaults, false);
+    MainWindow window(model, new ContentView(model, defaults, false));
+    window.show();
+    return QApplication::exec();
+}
+
 } // namespace
 
 int OrvaneMain::main(int argc, char **argv)
@@ -70,17 +94,11 @@ int OrvaneMain::main(int argc, char **argv)
     if (const auto *request = std::get_if<RenderRequest>(&render))
         return renderPicture(argc, argv, *request, arguments);
 
-    QCoreApplication application(argc, argv);
-    nameTheApplication();
     if (arguments.contains(u"--version"_s)) {
+        QCoreApplication application(argc, argv);
+        nameTheApplication();
         print(stdout, u"Orvane "_s + QCoreApplication::applicationVersion() + u'\n');
         return 0;
     }
-    // The window is not part of this build yet: say so plainly rather than open nothing.
-    print(stdout, u"Orvane "_s + QCoreApplication::applicationVersion()
-                      + u" \u2014 Bulk VLAN management for macOS.\n"
-                        u"The window is not part of this build yet; the command line orvanectl "
-                        u"reads and changes the network preferences, and \u201c--render result "
-                        u"out.png\u201d draws the result sheet.\n"_s);
-    return 0;
+    return openTheWindow(argc, argv, arguments);
 }

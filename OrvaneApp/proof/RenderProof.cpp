@@ -1,19 +1,20 @@
 #include "OrvaneApp/proof/RenderProof.h"
 
 #include "OrvaneApp/model/AppModel.h"
+#include "OrvaneApp/model/Draft.h"
 #include "OrvaneApp/model/ServiceEdit.h"
 #include "OrvaneApp/model/Theme.h"
 #include "OrvaneApp/surfaces/AppearancePalette.h"
+#include "OrvaneApp/surfaces/ContentView.h"
 #include "OrvaneApp/surfaces/HelpView.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
+#include "OrvaneApp/surfaces/kit/Pulse.h"
 #include "OrvaneApp/surfaces/kit/TextControlWalk.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QDir>
 #include <QEventLoop>
-#include <QFileInfo>
 #include <QImage>
 #include <QPixmap>
 #include <QSaveFile>
@@ -65,17 +66,9 @@ RenderProof::RenderProof(RenderRequest request, VLANKit::Platform platform,
     , m_defaults(std::move(defaults))
 {}
 
-std::optional<QString> RenderProof::projectsFolder(const QString &besideExecutable)
-{
-    const QFileInfo folder(
-        QFileInfo(besideExecutable).absoluteDir().filePath(u"Orvane Projects"_s));
-    if (!folder.isDir())
-        return std::nullopt;
-    return folder.absoluteFilePath();
-}
-
 int RenderProof::run()
 {
+    Pulse::freezeAll(true);
     AppModel model(m_platform, m_defaults, true);
     if (m_request.location)
         model.setPinnedLocation(m_request.location);
@@ -91,6 +84,9 @@ int RenderProof::run()
         say(u"render: could not read the configuration \u2014 "_s + *model.loadError());
         return 1;
     }
+    addDrafts(model);
+    if (!editRow(model))
+        return 1;
 
     // The picture's appearance, at the base font, whatever the stored one says.
     AppearancePalette::apply(m_request.dark ? Appearance::dark : Appearance::light);
@@ -121,10 +117,58 @@ int RenderProof::run()
     return count.atEdge.isEmpty() ? 0 : 2;
 }
 
+void RenderProof::addDrafts(AppModel &model) const
+{
+    QList<AppModel::DraftRow> drafts;
+    for (const QString &line : m_request.drafts) {
+        const QStringList parts = line.split(u',');
+        if (parts.size() < 2)
+            continue;
+        auto draft = std::make_shared<Draft>(parts.at(0), parts.at(1));
+        if (parts.size() > 2 && parts.at(2) == u"manual"_s) {
+            const VLANKit::IPMode from = draft->mode();
+            draft->setMode(VLANKit::IPMode::manual);
+            draft->modeChanged(from, model.addressPlan());
+        }
+        drafts.append(draft);
+    }
+    if (!drafts.isEmpty())
+        model.setDrafts(drafts);
+}
+
+bool RenderProof::editRow(AppModel &model) const
+{
+    using Surface = RenderRequest::Surface;
+    const bool showsRows =
+        m_request.surface == Surface::current || m_request.surface == Surface::more;
+    if (!m_request.edit || !showsRows)
+        return true;
+    for (const AppModel::Row &row : model.rows()) {
+        if (row->source().device != *m_request.edit)
+            continue;
+        const VLANKit::IPMode from = row->mode();
+        row->setMode(VLANKit::IPMode::manual);
+        row->modeChanged(from, model.addressPlan());
+        return true;
+    }
+    say(u"render: no row for "_s + *m_request.edit);
+    return false;
+}
+
 QWidget *RenderProof::build(AppModel &model)
 {
     using Surface = RenderRequest::Surface;
     switch (m_request.surface) {
+    case Surface::current:
+    case Surface::add: {
+        model.setTab(m_request.surface == Surface::current ? AppTab::current : AppTab::add);
+        auto *view = new ContentView(model, m_defaults, true, ProjectPanels{});
+        // Not below the window's own least size.
+        const QSize least = ContentView::minimumWindowSize(model.nameColumnWidth());
+        view->resize(std::max(m_request.width, least.width()),
+                     std::max(m_request.height, least.height()));
+        return view;
+    }
     case Surface::result: {
         const BuildResult result{.succeeded = !m_request.failed,
                                  .message = m_request.message.value_or(sampleResult)};
@@ -176,7 +220,8 @@ void RenderProof::printMeasures(const AppModel &model) const
     say(u"render: location \u201c"_s + model.selectedLocation() + u"\u201d, "_s
         + QString::number(vlanRows) + u" VLANs, name column "_s
         + QString::number(std::lround(model.nameColumnWidth())));
-    const std::optional<QString> folder = projectsFolder(QCoreApplication::applicationFilePath());
+    const std::optional<QString> folder =
+        ContentView::projectsFolder(QCoreApplication::applicationFilePath());
     say(u"render: projects folder \u2014 "_s + folder.value_or(u"none beside the app"_s));
     const RankingLine ranking = model.rankingLine();
     say(u"render: ranking line \u2014 "_s + ranking.text

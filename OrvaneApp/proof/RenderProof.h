@@ -21,11 +21,12 @@ public:
     /// nothing at the edge, 1 a failure (its line printed), 2 written with a text at the edge.
     [[nodiscard]] int run();
 
-    /// "Orvane Projects" beside the executable (the application's bundle on a Mac), when that
-    /// is a folder.
-    [[nodiscard]] static std::optional<QString> projectsFolder(const QString &besideExecutable);
-
 private:
+    /// "--draft TAG,NAME,dhcp|manual" rows, in order, into the Add tab.
+    void addDrafts(AppModel &model) const;
+    /// "--edit DEVICE": that row switched to Manual. False with its line printed when there is
+    /// no such row.
+    [[nodiscard]] bool editRow(AppModel &model) const;
     /// The surface to draw, sized; null with the failure's line printed.
     [[nodiscard]] QWidget *build(AppModel &model);
     [[nodiscard]] bool writePicture(QWidget &root);

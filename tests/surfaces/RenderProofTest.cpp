@@ -146,10 +146,48 @@ TEST_F(RenderProofRun, AnUnreadableConfigurationFails)
 
 TEST_F(RenderProofRun, ASurfaceNotBuiltYetSaysSo)
 {
-    const ProofRun run =
-        orvane({u"--render"_s, u"current"_s, picture(u"out.png"_s), u"--drive-proof"_s});
+    const ProofRun run = orvane({u"--render"_s, u"order"_s, picture(u"out.png"_s)});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.lines, QStringList{u"render: current is not built yet"_s});
+    EXPECT_EQ(run.lines, QStringList{u"render: order is not built yet"_s});
+}
+
+// "--no-care" stands anywhere, and "--render" wins over "--drive-proof".
+TEST_F(RenderProofRun, TheCurrentTabIsDrawnWithTheBarAndNothingAtTheEdge)
+{
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        const QString out = picture(u"current-"_s + appearance + u".png"_s);
+        const ProofRun run = orvane({u"--no-care"_s, u"--render"_s, u"current"_s, out,
+                                     u"--appearance"_s, appearance, u"--drive-proof"_s});
+        ASSERT_EQ(run.status, 0) << run.err.toStdString();
+        EXPECT_TRUE(run.lines.last().endsWith(u"0 cut short, 0 at the edge"_s))
+            << run.lines.last().toStdString();
+        EXPECT_EQ(QImage(out).size(), QSize(1340, 760));
+    }
+}
+
+TEST_F(RenderProofRun, TheWindowIsNeverDrawnBelowItsLeastSize)
+{
+    const QString out = picture(u"small.png"_s);
+    const ProofRun run =
+        orvane({u"--render"_s, u"add"_s, out, u"--width"_s, u"900"_s, u"--height"_s, u"300"_s});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    EXPECT_EQ(QImage(out).size(), QSize(1334, 620));
+}
+
+TEST_F(RenderProofRun, AnUnknownPinnedLocationShowsTheOneInUse)
+{
+    const ProofRun run = orvane(
+        {u"--render"_s, u"current"_s, picture(u"pinned.png"_s), u"--location"_s, u"Nowhere"_s});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.lines.at(1).startsWith(u"render: location \u201cShow\u201d"_s));
+}
+
+TEST_F(RenderProofRun, AnEditOfNoRowFails)
+{
+    const ProofRun run =
+        orvane({u"--render"_s, u"current"_s, picture(u"edit.png"_s), u"--edit"_s, u"vlan99"_s});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.lines, QStringList{u"render: no row for vlan99"_s});
 }
 
 } // namespace
