@@ -158,6 +158,7 @@ bool ServiceEdit::enabledChanged() const
 
 bool ServiceEdit::isDirty() const
 {
+    ++s_derivations;
     if (nameChanged() || nameEmptied() || parentChanged())
         return true;
     if (!m_source.hasService())
@@ -217,6 +218,7 @@ HardwareSettings ServiceEdit::hardware() const
 
 QList<PlannedChange> ServiceEdit::changes() const
 {
+    ++s_derivations;
     QList<PlannedChange> changes;
     const bool isVLAN = m_source.isVLAN();
     const qint64 tag = m_source.tag.value_or(0);

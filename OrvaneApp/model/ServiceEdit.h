@@ -137,6 +137,10 @@ public:
     [[nodiscard]] QList<VLANKit::PlannedChange> changes() const;
     /// The first thing that stops the row from being saved.
     [[nodiscard]] std::optional<Problem> problem() const;
+    /// How many times, over every row of the process, whether a row is dirty, its changes or
+    /// its problem have been worked out: the model's derived values are counted by it, so that a
+    /// walk per row inside a walk of the rows shows in a test, not at a show.
+    [[nodiscard]] static quint64 derivations() { return s_derivations; }
     [[nodiscard]] std::optional<VLANKit::PlannedChange> removeFromLocationChange() const;
     /// A new row from the same source, with what the last reload told of the hardware.
     [[nodiscard]] std::shared_ptr<ServiceEdit> reverted() const;
@@ -160,6 +164,8 @@ Q_SIGNALS:
     void changed();
 
 private:
+    static inline quint64 s_derivations = 0;
+
     template <typename T>
     void update(T &field, const T &value)
     {

@@ -75,6 +75,7 @@ std::optional<ClosedRange> ServiceEdit::newParentRange() const
 
 std::optional<ServiceEdit::Problem> ServiceEdit::problem() const
 {
+    ++s_derivations;
     if (trimmedName().isEmpty()) {
         return Problem{Field::name, m_source.isVLAN() ? u"A VLAN needs a name."_s
                                                       : u"An adapter needs a name."_s};
