@@ -7,6 +7,7 @@
 #include "OrvaneApp/surfaces/AppearancePalette.h"
 #include "OrvaneApp/surfaces/ContentView.h"
 #include "OrvaneApp/surfaces/HelpView.h"
+#include "OrvaneApp/surfaces/OrderConfirmation.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
 #include "OrvaneApp/surfaces/kit/Pulse.h"
 #include "OrvaneApp/surfaces/kit/TextControlWalk.h"
@@ -175,6 +176,11 @@ QWidget *RenderProof::build(AppModel &model)
         auto *sheet = new ResultSheet(result, [] {});
         sizeToItsLayout(*sheet);
         return sheet;
+    }
+    case Surface::reorder: {
+        auto *question = new OrderConfirmation(nullptr, model.recommendedOrderLines(), {}, {});
+        sizeToItsLayout(*question);
+        return question;
     }
     case Surface::help: {
         auto *help = new HelpView;

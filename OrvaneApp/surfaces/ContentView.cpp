@@ -12,6 +12,7 @@
 #include "OrvaneApp/surfaces/kit/SheetHost.h"
 #include "OrvaneApp/surfaces/kit/SmallParts.h"
 #include "OrvaneApp/surfaces/kit/Symbols.h"
+#include "OrvaneApp/surfaces/kit/WaitCursor.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -92,7 +93,11 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
         this, {{[this] { return m_model.pendingPlan().has_value(); },
                 [this](QWidget *window) -> QDialog * {
                     return new PlanSheet(
-                        m_model.pendingPlan()->plan, [this] { m_model.commitPendingPlan(); },
+                        m_model.pendingPlan()->plan,
+                        [this] {
+                            const WaitCursor busy;
+                            m_model.commitPendingPlan();
+                        },
                         [this] { m_model.setPendingPlan(std::nullopt); }, window);
                 }},
                {[this] { return m_model.result().has_value(); },
@@ -341,7 +346,11 @@ void ContentView::showSwitchQuestion()
         return;
     m_switchPopover = new LocationConfirmation(
         m_locationPopUp, u"Switch this Mac to \u201c"_s + *target + u"\u201d?"_s,
-        m_model.switchDetail(), u"Switch"_s, false, [this] { m_model.confirmSwitch(); },
+        m_model.switchDetail(), u"Switch"_s, false,
+        [this] {
+            const WaitCursor busy;
+            m_model.confirmSwitch();
+        },
         [this] { m_model.setSwitchingTo(std::nullopt); });
     m_switchPopover->present();
 }
@@ -362,6 +371,7 @@ void ContentView::showDeleteQuestion()
         u"Delete"_s, true,
         [this, name] {
             m_deletingLocation.reset();
+            const WaitCursor busy;
             m_model.deleteLocation(name);
         },
         [this] { m_deletingLocation.reset(); });
@@ -374,8 +384,10 @@ void ContentView::saveProject()
     const std::optional<QString> path =
         m_panels.save(window(), {folder.value_or(QString()),
                                  proposedFileName(m_model.selectedLocation()), u"Save Project"_s});
-    if (path)
+    if (path) {
+        const WaitCursor busy;
         m_model.saveProfile(*path);
+    }
 }
 
 void ContentView::openProject()
@@ -383,6 +395,8 @@ void ContentView::openProject()
     const std::optional<QString> folder = projectsFolder(QCoreApplication::applicationFilePath());
     const std::optional<QString> path =
         m_panels.open(window(), {folder.value_or(QString()), QString(), u"Open Project"_s});
-    if (path)
+    if (path) {
+        const WaitCursor busy;
         m_model.loadProfile(*path);
+    }
 }

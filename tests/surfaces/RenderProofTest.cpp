@@ -123,6 +123,16 @@ TEST_F(RenderProofRun, TheHelpWindowIsDrawnAt620By900WithItsHead)
     EXPECT_EQ(image.size(), QSize(620, 900));
 }
 
+TEST_F(RenderProofRun, TheRecommendedOrderIsDrawnAsItsQuestion)
+{
+    const QString out = picture(u"reorder.png"_s);
+    const ProofRun run = orvane({u"--render"_s, u"reorder"_s, out});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    // The show machine ranks a closed VLAN above its way to the internet.
+    EXPECT_TRUE(run.lines.at(3).endsWith(u" [Apply recommended order\u2026 offered]"_s));
+    EXPECT_GE(QImage(out).width(), 420);
+}
+
 TEST_F(RenderProofRun, AnOutputInAMissingFolderFails)
 {
     const QString out = picture(u"missing/out.png"_s);
