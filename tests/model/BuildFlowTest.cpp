@@ -229,9 +229,10 @@ TEST_F(BuildFlow, RefusedRightKeepsDraftsAndWritesNothing)
         EXPECT_FALSE(model->pendingPlan());
         ASSERT_TRUE(model->result());
         EXPECT_FALSE(model->result()->succeeded);
-        if (!answer.contains(u"fail"_s))
+        if (!answer.contains(u"fail"_s)) {
             EXPECT_EQ(model->result()->message,
                       u"Authorization was denied or cancelled — no changes were made."_s);
+        }
         EXPECT_EQ(model->drafts().first()->tag(), u"1060"_s);
         EXPECT_EQ(model->tab(), AppTab::add);
         clock->advance(700ms);

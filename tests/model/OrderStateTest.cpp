@@ -84,10 +84,11 @@ TEST_F(OrderState, WasIsNoneForAKeptRankAndForAServiceNotInTheOrder)
         EXPECT_EQ(line.rank, index + 1);
         EXPECT_EQ(line.name, service.name);
         const qsizetype old = order.indexOf(service);
-        if (service.serviceID == last.serviceID || old + 1 == line.rank)
+        if (service.serviceID == last.serviceID || old + 1 == line.rank) {
             EXPECT_EQ(line.was, std::nullopt) << line.name.toStdString();
-        else
+        } else {
             EXPECT_EQ(line.was, old + 1) << line.name.toStdString();
+        }
     }
     const auto moved = std::count_if(lines.begin(), lines.end(),
                                      [](const OrderLine &line) { return line.was.has_value(); });

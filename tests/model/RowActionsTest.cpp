@@ -135,9 +135,10 @@ TEST_F(RowActions, ARefusedRightKeepsTheEditsAndTheFile)
         EXPECT_EQ(preferencesBytes(), before);
         ASSERT_TRUE(model->result());
         EXPECT_FALSE(model->result()->succeeded);
-        if (!answer.contains(u"fail"_s))
+        if (!answer.contains(u"fail"_s)) {
             EXPECT_EQ(model->result()->message,
                       u"Authorization was denied or cancelled — no changes were made."_s);
+        }
         EXPECT_EQ(reads, readsBefore + 1);
         EXPECT_EQ(vlanRow(*model, 1012), row);
         EXPECT_EQ(row->name(), u"1012 - Sound"_s);

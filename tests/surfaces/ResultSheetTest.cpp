@@ -29,8 +29,9 @@ TEST(ResultSheet, EachLineOfAFailureIsItsOwnSelectableText)
     const ResultSheet sheet(BuildResult{.succeeded = false, .message = u"One.\nTwo."_s}, [] {});
     EXPECT_EQ(texts(sheet), (QStringList{u"Couldn't do that"_s, u"One."_s, u"Two."_s}));
     for (const QLabel *label : sheet.findChildren<QLabel *>()) {
-        if (label->text() != ResultSheet::head(false))
+        if (label->text() != ResultSheet::head(false)) {
             EXPECT_TRUE(label->textInteractionFlags() & Qt::TextSelectableByMouse);
+        }
     }
 }
 
