@@ -22,9 +22,9 @@ protected:
     };
     CountedModel countedModel()
     {
-        auto counter = std::make_shared<CountingBackend>(platform->sharedBackend());
-        auto model = std::make_unique<AppModel>(Platform(counter), defaults, false, clock);
-        return {counter, std::move(model)};
+        auto counting = std::make_shared<CountingBackend>(platform->sharedBackend());
+        auto model = std::make_unique<AppModel>(Platform(counting), defaults, false, clock);
+        return {counting, std::move(model)};
     }
 
     // Seam work per VLAN of the second reload of a machine of `count` VLANs.

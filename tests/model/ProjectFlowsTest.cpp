@@ -126,8 +126,8 @@ TEST_F(ProjectFlows, ADHCPOnlyProjectOpensWithoutASheetAndRecordsNothing)
 {
     const QString path = temporary.filePath(u"dhcp.json"_s);
     ProfileIO::write(Profile{.name = u"dhcp"_s,
-                             .entries = {{20, u"Guests"_s, IPConfig{IPMode::dhcp}, false},
-                                         {30, u"Office"_s, IPConfig{IPMode::dhcp}, true}}},
+                             .entries = {{20, u"Guests"_s, IPConfig::dhcp(), false},
+                                         {30, u"Office"_s, IPConfig::dhcp(), true}}},
                      path);
     const QByteArray before = bytesOf(path);
     const auto model = makeModel();
