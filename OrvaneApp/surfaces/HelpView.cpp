@@ -20,11 +20,8 @@ QLabel *line(const QString &text, const QFont &font, bool secondary, QWidget *pa
     label->setFont(font);
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    if (secondary) {
-        QPalette palette = label->palette();
-        palette.setColor(QPalette::WindowText, Roles::color(Roles::Role::secondaryText, palette));
-        label->setPalette(palette);
-    }
+    if (secondary)
+        Roles::useSecondaryText(*label);
     return label;
 }
 

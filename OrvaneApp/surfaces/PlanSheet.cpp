@@ -45,9 +45,7 @@ QLabel *secondaryLabel(const QString &text, int size, QWidget *parent)
     auto *label = new QLabel(text, parent);
     label->setFont(Theme::font(size));
     label->setWordWrap(true);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, Roles::color(Roles::Role::secondaryText, palette));
-    label->setPalette(palette);
+    Roles::useSecondaryText(*label);
     return label;
 }
 

@@ -24,10 +24,7 @@ QLabel *detail(const QString &text, QWidget *parent)
     label->setFont(Theme::font(11));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText,
-                     Roles::color(Roles::Role::secondaryText, label->palette()));
-    label->setPalette(palette);
+    Roles::useSecondaryText(*label);
     // An empty detail takes no height.
     label->setVisible(!text.isEmpty());
     return label;

@@ -1,6 +1,7 @@
 #include "OrvaneApp/surfaces/kit/Roles.h"
 
 #include <QGuiApplication>
+#include <QWidget>
 
 namespace Roles {
 
@@ -61,6 +62,13 @@ QColor color(Role role, const QPalette &palette)
 QColor color(Role role)
 {
     return color(role, QGuiApplication::palette());
+}
+
+void useSecondaryText(QWidget &widget)
+{
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::WindowText, color(Role::secondaryText, palette));
+    widget.setPalette(palette);
 }
 
 } // namespace Roles

@@ -14,9 +14,7 @@ QLabel *SmallParts::columnLabel(const QString &text, QWidget *parent)
 {
     auto *label = new QLabel(text, parent);
     label->setFont(Theme::font(11));
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, Roles::color(Roles::Role::secondaryText, palette));
-    label->setPalette(palette);
+    Roles::useSecondaryText(*label);
     return label;
 }
 
