@@ -131,9 +131,20 @@ void AppModel::setRows(const QList<Row> &rows)
     if (m_rows == rows)
         return;
     m_rows = rows;
-    for (const Row &row : std::as_const(m_rows))
+    m_rowIndex.clear();
+    m_rowIndex.reserve(m_rows.size());
+    for (qsizetype index = 0; index < m_rows.size(); ++index) {
+        const Row &row = m_rows.at(index);
+        m_rowIndex.insert(row->source().id, index);
         connect(row.get(), &ServiceEdit::changed, this, &AppModel::rowEdited, Qt::UniqueConnection);
+    }
     Q_EMIT rowsChanged();
+}
+
+AppModel::Row AppModel::rowWithID(const QString &id) const
+{
+    const qsizetype index = m_rowIndex.value(id, -1);
+    return index < 0 ? Row() : m_rows.at(index);
 }
 
 void AppModel::setLive(const LiveState &live)

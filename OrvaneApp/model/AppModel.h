@@ -133,6 +133,8 @@ public:
         return m_adaptersNotInLocation;
     }
 
+    /// The row of this identity (`source.id`); null when there is none.
+    [[nodiscard]] Row rowWithID(const QString &id) const;
     [[nodiscard]] QList<Row> vlanRows() const;
     [[nodiscard]] QList<Row> dirtyRows() const;
     [[nodiscard]] QList<VLANKit::PlannedChange> allChanges() const;
@@ -426,6 +428,7 @@ private:
     std::optional<PendingPlan> m_pendingPlan;
     bool m_isReloading = false;
     QList<Row> m_rows;
+    QHash<QString, qsizetype> m_rowIndex;
     VLANKit::LiveState m_live;
     double m_nameColumnWidth = 210;
     QSet<QString> m_selectedIDs;

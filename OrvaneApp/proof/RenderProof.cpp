@@ -7,6 +7,7 @@
 #include "OrvaneApp/surfaces/AppearancePalette.h"
 #include "OrvaneApp/surfaces/ContentView.h"
 #include "OrvaneApp/surfaces/HelpView.h"
+#include "OrvaneApp/surfaces/MoreSettings.h"
 #include "OrvaneApp/surfaces/OrderConfirmation.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
 #include "OrvaneApp/surfaces/kit/Pulse.h"
@@ -42,6 +43,31 @@ const QString sampleResult = u"Turned 1014 - Video Stream (DOCK) off.\n"
                              "Turned 1018 - RF (DOCK) off.\n"
                              "Turned 1021 - Music Dept (DOCK) off.\n"
                              "Turned 1099 - Internet (DOCK) off."_s;
+
+/// Capabilities that show every hardware control without the adapter at hand: a wired port
+/// with a range of frame sizes, speeds in both spellings drivers use, and an option set beyond
+/// the duplex.
+VLANKit::HardwareCapabilities sampleHardware()
+{
+    using Speed = VLANKit::HardwareCapabilities::Speed;
+    VLANKit::HardwareCapabilities offers;
+    offers.mtuRange = VLANKit::ClosedRange{1280, 9000};
+    offers.activeMTU = 1500;
+    offers.speeds = {
+        Speed{u"10baseT/UTP"_s, {{u"half-duplex"_s}, {u"full-duplex"_s}}},
+        Speed{u"100baseTX"_s, {{u"half-duplex"_s}, {u"full-duplex"_s}}},
+        Speed{u"1000baseT"_s,
+              {{u"full-duplex"_s},
+               {u"full-duplex"_s, u"flow-control"_s},
+               {u"full-duplex"_s, u"energy-efficient-ethernet"_s}}},
+        Speed{u"2500Base-T"_s, {{u"full-duplex"_s}}},
+        Speed{u"2500BaseT"_s,
+              {{u"full-duplex"_s}, {u"full-duplex"_s, u"energy-efficient-ethernet"_s}}},
+    };
+    offers.activeSpeed = u"1000baseT"_s;
+    offers.activeDuplex = {u"full-duplex"_s};
+    return offers;
+}
 
 /// The help window is drawn at this size, tall enough to show what a person scrolls through.
 constexpr QSize helpSize(620, 900);
@@ -182,6 +208,19 @@ QWidget *RenderProof::build(AppModel &model)
         sizeToItsLayout(*question);
         return question;
     }
+    case Surface::more: {
+        const AppModel::Row row = moreRow(model);
+        if (!row) {
+            say(u"render: no row to show More\u2026 for"_s);
+            return nullptr;
+        }
+        if (m_request.sampleHardware)
+            row->setOffers(sampleHardware());
+        auto *more =
+            new MoreSettings(nullptr, model, row->source().id, model.selectedLocation(), {});
+        more->adjustSize();
+        return more;
+    }
     case Surface::help: {
         auto *help = new HelpView;
         help->resize(helpSize);
@@ -192,6 +231,15 @@ QWidget *RenderProof::build(AppModel &model)
         say(u"render: "_s + RenderRequest::word(m_request.surface) + u" is not built yet"_s);
         return nullptr;
     }
+}
+
+std::shared_ptr<ServiceEdit> RenderProof::moreRow(const AppModel &model) const
+{
+    for (const AppModel::Row &row : model.rows()) {
+        if (m_request.edit ? row->source().device == *m_request.edit : row->source().isVLAN())
+            return row;
+    }
+    return nullptr;
 }
 
 bool RenderProof::writePicture(QWidget &root)

@@ -6,7 +6,10 @@
 
 #include <QString>
 
+#include <memory>
+
 class AppModel;
+class ServiceEdit;
 class QWidget;
 
 /// Draws one surface off screen from the real configuration into a PNG, and prints what it
@@ -29,6 +32,8 @@ private:
     [[nodiscard]] bool editRow(AppModel &model) const;
     /// The surface to draw, sized; null with the failure's line printed.
     [[nodiscard]] QWidget *build(AppModel &model);
+    /// The row `more` shows: the one named by "--edit", or the first VLAN row.
+    [[nodiscard]] std::shared_ptr<ServiceEdit> moreRow(const AppModel &model) const;
     [[nodiscard]] bool writePicture(QWidget &root);
     void printMeasures(const AppModel &model) const;
 

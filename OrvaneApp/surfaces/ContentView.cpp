@@ -3,11 +3,13 @@
 #include "OrvaneApp/model/AppModel.h"
 #include "OrvaneApp/model/Theme.h"
 #include "OrvaneApp/surfaces/AppearancePalette.h"
+#include "OrvaneApp/surfaces/CurrentView.h"
 #include "OrvaneApp/surfaces/LocationConfirmation.h"
 #include "OrvaneApp/surfaces/LocationPopUp.h"
 #include "OrvaneApp/surfaces/PlanSheet.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
 #include "OrvaneApp/surfaces/kit/ConfirmParts.h"
+#include "OrvaneApp/surfaces/kit/Help.h"
 #include "OrvaneApp/surfaces/kit/Roles.h"
 #include "OrvaneApp/surfaces/kit/SheetHost.h"
 #include "OrvaneApp/surfaces/kit/SmallParts.h"
@@ -54,13 +56,6 @@ const QList<AppearanceChoice> &appearanceChoices()
     return choices;
 }
 
-/// A control's help: the tooltip, and what a screen reader says.
-void setHelp(QWidget *widget, const QString &help)
-{
-    widget->setToolTip(help);
-    widget->setAccessibleDescription(help);
-}
-
 QPushButton *symbolButton(const QString &text, const QString &symbol, QWidget *parent)
 {
     auto *button = new QPushButton(Symbols::icon(symbol), text, parent);
@@ -83,9 +78,9 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
     layout->setSpacing(0);
     layout->addWidget(makeBar());
     layout->addWidget(ConfirmParts::divider(this));
-    // The tabs' own contents stand here; until they are built each is an empty page.
+    // The tabs' own contents stand here; the Add tab is an empty page until it is built.
     m_tabStack = new QStackedWidget(this);
-    m_tabStack->addWidget(new QWidget(m_tabStack));
+    m_tabStack->addWidget(new CurrentView(m_model, m_tabStack));
     m_tabStack->addWidget(new QWidget(m_tabStack));
     layout->addWidget(m_tabStack, 1);
 

@@ -1,6 +1,6 @@
 #include "OrvaneApp/surfaces/kit/HintField.h"
 
-#include "OrvaneApp/surfaces/kit/Roles.h"
+#include "OrvaneApp/surfaces/kit/ProblemOutline.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -62,8 +62,5 @@ void HintField::paintEvent(QPaintEvent *event)
     if (!m_problem)
         return;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Roles::color(Roles::Role::orange, palette()), 2));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+    paintProblemOutline(painter, *this);
 }

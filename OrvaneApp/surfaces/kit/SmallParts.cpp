@@ -1,8 +1,12 @@
 #include "OrvaneApp/surfaces/kit/SmallParts.h"
 
 #include "OrvaneApp/model/Theme.h"
+#include "OrvaneApp/surfaces/kit/Symbols.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,6 +20,48 @@ QLabel *SmallParts::columnLabel(const QString &text, QWidget *parent)
     label->setFont(Theme::font(11));
     Roles::useSecondaryText(*label);
     return label;
+}
+
+QLabel *SmallParts::headLabel(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text.toUpper(), parent);
+    QFont font = Theme::font(10, QFont::DemiBold);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.6);
+    label->setFont(font);
+    label->setTextFormat(Qt::PlainText);
+    Roles::useSecondaryText(*label);
+    return label;
+}
+
+QWidget *SmallParts::warning(const QString &text, QWidget *parent)
+{
+    auto *box = new QWidget(parent);
+    auto *layout = new QHBoxLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    auto *symbol = new QLabel(box);
+    symbol->setPixmap(Symbols::icon(u"exclamationmark.triangle.fill"_s, Roles::Role::orange)
+                          .pixmap(QSize(11, 11), box->devicePixelRatioF()));
+    auto *words = new QLabel(text, box);
+    words->setObjectName(u"warningWords"_s);
+    words->setTextFormat(Qt::PlainText);
+    words->setFont(Theme::font(11));
+    QPalette orange = words->palette();
+    orange.setColor(QPalette::WindowText, Roles::color(Roles::Role::orange, orange));
+    words->setPalette(orange);
+    // It takes the width of its words and gives way when the line is short of room, so it
+    // never widens the window; a stretch behind it in the line doesn't squeeze it to nothing.
+    words->setMinimumWidth(1);
+    layout->addWidget(symbol);
+    layout->addWidget(words, 1);
+    return box;
+}
+
+void SmallParts::setWarningText(QWidget &warning, const QString &text)
+{
+    if (auto *words = warning.findChild<QLabel *>(u"warningWords"_s);
+        words && words->text() != text)
+        words->setText(text);
 }
 
 Pill::Pill(const QString &text, int pixelSize, QWidget *parent)

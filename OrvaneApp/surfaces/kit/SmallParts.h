@@ -11,6 +11,14 @@ namespace SmallParts {
 
 /// A small column label above a control ("Location", "Tag"): 11 px in the secondary colour.
 [[nodiscard]] QLabel *columnLabel(const QString &text, QWidget *parent);
+/// A column's head over a table: upper case, 10 px semibold, letters spaced 0.6, in the
+/// secondary colour.
+[[nodiscard]] QLabel *headLabel(const QString &text, QWidget *parent);
+/// A warning on one line: the symbol "exclamationmark.triangle.fill" and the words, in orange.
+/// It gives way in width rather than widening what holds it.
+[[nodiscard]] QWidget *warning(const QString &text, QWidget *parent);
+/// Sets the words of a `warning`.
+void setWarningText(QWidget &warning, const QString &text);
 
 } // namespace SmallParts
 

@@ -1,5 +1,6 @@
 #include "OrvaneApp/surfaces/kit/TextControlWalk.h"
 
+#include "OrvaneApp/surfaces/kit/Choices.h"
 #include "OrvaneApp/surfaces/kit/RenderTextReport.h"
 
 #include <QAbstractButton>
@@ -13,7 +14,6 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStyleOptionButton>
-#include <QStyleOptionComboBox>
 #include <QStyleOptionFrame>
 #include <QTextDocument>
 #include <QToolButton>
@@ -205,18 +205,10 @@ private:
         const QString text = combo.currentText();
         if (text.isEmpty())
             return;
-        QStyleOptionComboBox option;
-        option.initFrom(&combo);
-        option.editable = combo.isEditable();
-        option.currentText = text;
-        option.currentIcon = combo.itemIcon(combo.currentIndex());
-        option.iconSize = combo.iconSize();
-        const QRect room = combo.style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                         QStyle::SC_ComboBoxEditField, &combo);
         qreal needs = textWidth(combo.font(), text);
-        if (!option.currentIcon.isNull())
+        if (!combo.itemIcon(combo.currentIndex()).isNull())
             needs += combo.iconSize().width() + iconSpacing;
-        if (needs - room.width() > tolerance)
+        if (needs - Choices::titleRoom(combo, text) > tolerance)
             count.cutShort.append(text);
         judgeEdge(combo, combo.rect(), text);
     }
