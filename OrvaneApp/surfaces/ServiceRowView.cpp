@@ -388,8 +388,12 @@ void ServiceRowView::showChoices()
             listed = listed || adapter.bsdName == m_row->parent();
         }
         if (!listed && !m_row->parent().isEmpty()) {
-            const QString label =
-                m_model.adapterNamesSeen().value(m_row->parent(), m_row->parent());
+            // Its name as the adapters list has it, or as it was last seen.
+            QString label = m_model.adapterNamesSeen().value(m_row->parent(), m_row->parent());
+            for (const AdapterRecord &adapter : m_model.adapters()) {
+                if (adapter.bsdName == m_row->parent())
+                    label = adapter.friendlyName();
+            }
             parents.append({Choices::fitting(*m_parent, label + u" (absent)"_s,
                                              m_row->parent() + u" (absent)"_s),
                             m_row->parent()});
