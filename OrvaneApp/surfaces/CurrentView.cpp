@@ -108,29 +108,29 @@ CurrentView::CurrentView(AppModel &model, QWidget *parent)
     m_strip = new ServiceOrderStrip(m_model, this);
     layout->addWidget(m_strip);
 
+    // A reload announces every row it touches; the tab shows the outcome once, when it ends.
+    const auto unlessReloading = [this](void (CurrentView::*refresh)()) {
+        return [this, refresh] {
+            if (!m_model.isReloading())
+                (this->*refresh)();
+        };
+    };
     for (const auto signal : {&AppModel::rowsChanged, &AppModel::nameColumnWidthChanged,
                               &AppModel::selectedLocationChanged})
-        connect(&m_model, signal, this, &CurrentView::showRows);
+        connect(&m_model, signal, this, unlessReloading(&CurrentView::showRows));
     for (const auto signal :
          {&AppModel::adaptersChanged, &AppModel::existingChanged, &AppModel::liveChanged,
           &AppModel::loadErrorChanged, &AppModel::adaptersNotInLocationChanged,
-          &AppModel::adapterNameSyncChanged}) {
-        connect(&m_model, signal, this, [this] {
-            m_list->rebindVisible();
-            showHeads();
-            closeStale();
-        });
-    }
+          &AppModel::adapterNameSyncChanged})
+        connect(&m_model, signal, this, unlessReloading(&CurrentView::showRead));
+    connect(&m_model, &AppModel::isReloadingChanged, this, unlessReloading(&CurrentView::showRows));
     connect(&m_model, &AppModel::selectedIDsChanged, this, [this] {
         m_list->rebindVisible();
         showTickAll();
         showBar();
         closeStale();
     });
-    connect(&m_model, &AppModel::rowEdited, this, [this] {
-        showBar();
-        closeStale();
-    });
+    connect(&m_model, &AppModel::rowEdited, this, unlessReloading(&CurrentView::showEdits));
     showRows();
 }
 
@@ -303,6 +303,19 @@ void CurrentView::showRows()
     alignSaveAll();
     showHeads();
     showTickAll();
+    showBar();
+    closeStale();
+}
+
+void CurrentView::showRead()
+{
+    m_list->rebindVisible();
+    showHeads();
+    closeStale();
+}
+
+void CurrentView::showEdits()
+{
     showBar();
     closeStale();
 }

@@ -110,6 +110,10 @@ private:
 
     /// The rows and heads anew, after a read.
     void showRows();
+    /// What a read changed beside the rows.
+    void showRead();
+    /// What an edit of a row changed in the bar and the questions.
+    void showEdits();
     void showHeads();
     void showTickAll();
     void showBar();

@@ -6,13 +6,7 @@
 
 #include <algorithm>
 
-namespace {
-
-/// Spare row widgets kept beyond the visible ones: enough that a scroll by a row never makes
-/// one, few enough that the pool stays the size of the screen.
-constexpr qsizetype spareLimit = 2;
-
-} // namespace
+namespace {} // namespace
 
 RowList::RowList(int rowHeight, MakeRow make, BindRow bind, FocusOrder focusOrder, QWidget *parent)
     : QAbstractScrollArea(parent)
@@ -101,7 +95,7 @@ QStringList RowList::visibleRowIDs() const
 int RowList::visibleCapacity() const
 {
     // A row cut at the top and one cut at the bottom both show.
-    return std::max(0, viewport()->height() - 1) / m_rowHeight + 2;
+    return (viewport()->height() + m_rowHeight - 1) / m_rowHeight + 1;
 }
 
 int RowList::contentWidth() const
@@ -193,7 +187,16 @@ void RowList::place(bool rebind)
             child->hide();
     }
 
-    while (m_spare.size() > spareLimit)
+    // The pool is as large as the rows the viewport can show at once, made up front, so that a
+    // scroll never makes one and a shorter window gives its spares back.
+    const qsizetype wanted = std::min<qsizetype>(visibleCapacity(), m_rowIndex.size());
+    while (rowWidgetCount() < wanted) {
+        QWidget *row = m_make(viewport());
+        ++m_made;
+        row->hide();
+        m_spare.append(row);
+    }
+    while (rowWidgetCount() > wanted && !m_spare.isEmpty())
         m_spare.takeLast()->deleteLater();
 }
 

@@ -59,7 +59,7 @@ public:
     [[nodiscard]] qsizetype rowWidgetCount() const { return m_bound.size() + m_spare.size(); }
     /// Row widgets made since the list was created.
     [[nodiscard]] qsizetype rowWidgetsMade() const { return m_made; }
-    /// The number of rows that can be seen at once at the viewport's height.
+    /// The most rows that can be seen at once at the viewport's height: the pool's size.
     [[nodiscard]] int visibleCapacity() const;
     /// Scrolls as little as needed to show the item whole.
     void scrollToItem(qsizetype index);
