@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+
+/// Looks for one mount in the kernel's mount table as it streams past in pieces of any size:
+/// a line whose mount ID (the first field) and device numbers (the third) are both the ones
+/// watched. It allocates nothing and calls nothing, so the drive's waiter can run it after the
+/// drive has gone.
+struct MountTableScan
+{
+    long long wantedId = 0;
+    /// "MAJOR:MINOR", zero-terminated, as the table writes it.
+    const char *wantedDevice = nullptr;
+
+    void feed(const char *bytes, std::size_t count);
+    /// Ends the last line when the table does not end with a line end.
+    void finish();
+    [[nodiscard]] bool found() const { return m_found; }
+
+private:
+    void endLine();
+
+    int m_field = 0;
+    long long m_id = 0;
+    int m_idDigits = 0;
+    bool m_idValid = true;
+    std::size_t m_deviceMatched = 0;
+    bool m_deviceDiffers = false;
+    bool m_deviceMatches = false;
+    bool m_lineHasText = false;
+    bool m_found = false;
+};
+
+/// What one read of the whole table from its start found.
+enum class TableRead { holdsMount, lacksMount, failed };
+
+/// Reads the table behind `descriptor` from offset 0 to its end, in chunks of the waiter's
+/// static buffer, and scans it. A read that fails anywhere is `failed`, never `lacksMount`.
+[[nodiscard]] TableRead readMountTable(int descriptor, long long mountId, const char *device);
+
+/// The size of the waiter's buffer: a table larger than this is read in several chunks.
+inline constexpr std::size_t mountTableChunk = 4096;
+
+extern "C" {
+/// How many complete reads of the table the waiter has made since it was armed: tests count
+/// them to know that an event has been seen and judged.
+unsigned orvane_drive_table_reads(void);
+}
