@@ -5,7 +5,7 @@
 #include "OrvaneApp/drive/ProofSignal.h"
 #include "VLANKit/core/TextRules.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 
@@ -95,6 +95,8 @@ int DriveProof::run(const Render &render) const
         }
         signal.setEnabled(true);
     });
+    // Each picture opens and closes a window off screen; the proof waits on after the last.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     say(u"drive-proof: ready"_s);
     (void)QCoreApplication::exec();
     return 0;
