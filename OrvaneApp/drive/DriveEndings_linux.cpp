@@ -66,6 +66,8 @@ Resident bool diskNodeIsGone()
     return access(watch.diskNode, F_OK) != 0 && errno == ENOENT;
 }
 
+/// Takes every waiting event off the socket, and with it an overflow's error, so that the
+/// next `poll` sleeps again.
 Resident void drainUevents()
 {
     while (recv(watch.uevents, buffer, sizeof buffer, MSG_DONTWAIT) > 0) {
@@ -81,8 +83,12 @@ Resident void *waitForThePull(void *)
         const nfds_t count = watch.uevents >= 0 ? 2 : 1;
         if (poll(events, count, pollMilliseconds) < 0)
             continue;
-        if (count == 2 && (events[1].revents & POLLIN) != 0)
+        if (count == 2 && events[1].revents != 0) {
             drainUevents();
+            // A socket that hangs up would wake the waiter for ever; the table still tells.
+            if ((events[1].revents & (POLLHUP | POLLNVAL)) != 0)
+                watch.uevents = -1;
+        }
         if (diskNodeIsGone())
             _exit(0);
         if ((events[0].revents & (POLLPRI | POLLERR)) != 0
