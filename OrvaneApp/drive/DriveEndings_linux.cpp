@@ -4,6 +4,7 @@
 // Those routines allocate nothing and take no lock; they call the C library only (through the
 // global offset table, as this file is built without a procedure linkage table).
 #include "OrvaneApp/drive/DriveEndings.h"
+#include "OrvaneApp/drive/DriveWaiter.h"
 #include "OrvaneApp/drive/LinuxVolume.h"
 #include "OrvaneApp/drive/MountTableScan.h"
 
@@ -48,7 +49,7 @@ struct Watch
 Watch watch;
 char buffer[mountTableChunk];
 /// Read with the compiler's atomic built-ins, which never call out of the resident section.
-unsigned tableReads;
+unsigned tableReadCount;
 
 /// How long the waiter sleeps in `poll` when nothing happens, so that a disk whose node went
 /// without an event is still noticed.
@@ -147,25 +148,25 @@ bool startWaiter()
     return started;
 }
 
-/// Fills the watch from what the system says of the volume holding `path`.
-bool describe(const char *path)
+/// The mount and disk of the volume holding `path`, as the waiter needs them.
+struct Target
+{
+    long long mountId = 0;
+    QByteArray device;
+    QByteArray diskNode;
+};
+
+std::optional<Target> targetOf(const char *path)
 {
     char real[PATH_MAX];
     if (realpath(path, real) == nullptr)
-        return false;
+        return std::nullopt;
     const std::optional<LinuxVolume> volume = LinuxVolume::read(
         QString::fromLocal8Bit(real), QStringLiteral("/proc"), QStringLiteral("/sys"));
     if (!volume)
-        return false;
-    const QByteArray device = volume->mount.deviceNumbers.toLatin1();
-    const QByteArray node = volume->disk ? volume->disk->node.toLocal8Bit() : QByteArray();
-    if (size_t(device.size()) >= sizeof watch.device
-        || size_t(node.size()) >= sizeof watch.diskNode)
-        return false;
-    watch.mountId = volume->mount.id;
-    std::memcpy(watch.device, device.constData(), size_t(device.size()) + 1);
-    std::memcpy(watch.diskNode, node.constData(), size_t(node.size()) + 1);
-    return true;
+        return std::nullopt;
+    return Target{volume->mount.id, volume->mount.deviceNumbers.toLatin1(),
+                  volume->disk ? volume->disk->node.toLocal8Bit() : QByteArray()};
 }
 
 } // namespace
@@ -237,21 +238,25 @@ Resident TableRead readMountTable(int descriptor, long long mountId, const char 
         scan.feed(buffer, std::size_t(got));
     }
     scan.finish();
-    __atomic_fetch_add(&tableReads, 1U, __ATOMIC_RELAXED);
+    __atomic_fetch_add(&tableReadCount, 1U, __ATOMIC_RELAXED);
     return scan.found() ? TableRead::holdsMount : TableRead::lacksMount;
 }
 
-extern "C" {
+namespace DriveWaiter {
 
-unsigned orvane_drive_table_reads(void)
+unsigned tableReads()
 {
-    return __atomic_load_n(&tableReads, __ATOMIC_RELAXED);
+    return __atomic_load_n(&tableReadCount, __ATOMIC_RELAXED);
 }
 
-int orvane_end_when_taken_away(const char *path)
+int arm(long long mountId, const char *device, const char *diskNode)
 {
-    if (!describe(path))
+    if (std::strlen(device) >= sizeof watch.device
+        || std::strlen(diskNode) >= sizeof watch.diskNode)
         return -1;
+    watch.mountId = mountId;
+    std::strcpy(watch.device, device);
+    std::strcpy(watch.diskNode, diskNode);
     watch.table = open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC);
     if (watch.table < 0)
         return -1;
@@ -271,6 +276,19 @@ int orvane_end_when_taken_away(const char *path)
         return -1;
     }
     return 0;
+}
+
+} // namespace DriveWaiter
+
+extern "C" {
+
+int orvane_end_when_taken_away(const char *path)
+{
+    const std::optional<Target> target = targetOf(path);
+    if (!target)
+        return -1;
+    return DriveWaiter::arm(target->mountId, target->device.constData(),
+                            target->diskNode.constData());
 }
 
 void orvane_end_on_bus_error(void)

@@ -40,9 +40,3 @@ enum class TableRead { holdsMount, lacksMount, failed };
 
 /// The size of the waiter's buffer: a table larger than this is read in several chunks.
 inline constexpr std::size_t mountTableChunk = 4096;
-
-extern "C" {
-/// How many complete reads of the table the waiter has made since it was armed: tests count
-/// them to know that an event has been seen and judged.
-unsigned orvane_drive_table_reads(void);
-}

@@ -103,6 +103,15 @@ TEST_F(DriveEndToEnd, PullingTheWatchedTmpfsEndsTheChildWithZero)
     EXPECT_EQ(seen.fact(u"end-after-pull"_s), u"exit 0"_s);
 }
 
+TEST_F(DriveEndToEnd, TheDisksNodeGoneWhileItsMountStaysEndsWithZero)
+{
+    run(u"disk-node-gone"_s);
+    if (stopped())
+        return;
+    EXPECT_EQ(seen.fact(u"armed"_s), u"armed 0"_s);
+    EXPECT_EQ(seen.fact(u"end-after-node-gone"_s), u"exit 0"_s);
+}
+
 TEST_F(DriveEndToEnd, ATouchedPageOfATruncatedFileEndsWithTenUnderCare)
 {
     run(u"bus-error"_s);

@@ -3,6 +3,8 @@
 // the proof's lines as "line: TEXT", and the test program judges them. Status 77 says that the
 // machine refused a namespace, a mount or a loop device: the test is then skipped.
 #include "OrvaneApp/drive/DriveEndings.h"
+#include "OrvaneApp/drive/DriveWaiter.h"
+#include "OrvaneApp/drive/LinuxVolume.h"
 #include "OrvaneApp/drive/MountTableScan.h"
 #include "tests/drive/ScenarioChild.h"
 
@@ -35,8 +37,10 @@ struct Stage
     std::string example;
 };
 
-/// The watched file of the forked bodies, set before the fork.
+/// The watched file of the forked bodies, and the file that stands for its disk's node, set
+/// before the fork.
 std::string watchedFile;
+std::string diskNode;
 
 void fact(const std::string &name, const std::string &value)
 {
@@ -67,15 +71,32 @@ void say(int output, const std::string &text)
 int armAndWait(int output, int input)
 {
     const int armed = orvane_end_when_taken_away(watchedFile.c_str());
-    const unsigned readsWhenArmed = orvane_drive_table_reads();
+    const unsigned readsWhenArmed = DriveWaiter::tableReads();
     say(output, "armed " + std::to_string(armed));
     char command = 0;
     if (read(input, &command, 1) != 1)
         return 2;
     // Every read of the table after arming follows the parent's unmount; count, don't wait.
-    while (orvane_drive_table_reads() == readsWhenArmed)
+    while (DriveWaiter::tableReads() == readsWhenArmed)
         sched_yield();
     say(output, "alive");
+    (void)read(input, &command, 1);
+    return 3;
+}
+
+/// Arms the waiter on the watched file's mount with a disk node of the scenario's own, then
+/// waits for its end.
+int armOnNodeAndWait(int output, int input)
+{
+    const std::optional<LinuxVolume> volume =
+        LinuxVolume::read(QString::fromStdString(fs::canonical(watchedFile).string()),
+                          QStringLiteral("/proc"), QStringLiteral("/sys"));
+    if (!volume)
+        return 2;
+    const int armed = DriveWaiter::arm(
+        volume->mount.id, volume->mount.deviceNumbers.toLatin1().constData(), diskNode.c_str());
+    say(output, "armed " + std::to_string(armed));
+    char command = 0;
     (void)read(input, &command, 1);
     return 3;
 }
@@ -125,6 +146,24 @@ int tmpfsPull(const Stage &stage)
     fact("after-other-unmount", child.nextLine().value_or("gone"));
     umount2(drive.c_str(), MNT_DETACH);
     fact("end-after-pull", child.waitForEnd());
+    return 0;
+}
+
+/// A disk whose node goes while its mount stays, as when a stick is pulled before the system
+/// has unmounted it.
+int diskNodeGone(const Stage &stage)
+{
+    const fs::path drive = stage.place / "drive";
+    if (!mountTmpfs(drive))
+        return skip("mounting a tmpfs");
+    watchedFile = (drive / "watched").string();
+    std::ofstream(watchedFile) << "program";
+    diskNode = (stage.place / "node").string();
+    std::ofstream(diskNode) << "disk";
+    ScenarioChild child(armOnNodeAndWait);
+    fact("armed", child.nextLine().value_or("nothing"));
+    fs::remove(diskNode);
+    fact("end-after-node-gone", child.waitForEnd());
     return 0;
 }
 
@@ -324,6 +363,7 @@ int main(int argc, char **argv)
 
     const std::map<std::string, int (*)(const Stage &)> scenarios{
         {"tmpfs-pull", tmpfsPull},
+        {"disk-node-gone", diskNodeGone},
         {"bus-error", [](const Stage &s) { return busError(s, touchUnderCare); }},
         {"bus-error-without-care", [](const Stage &s) { return busError(s, touchWithoutCare); }},
         {"proof-without-care", proofWithoutCare},

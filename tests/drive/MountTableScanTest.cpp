@@ -1,5 +1,6 @@
 #include "OrvaneApp/drive/MountTableScan.h"
 
+#include "OrvaneApp/drive/DriveWaiter.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <QFile>
@@ -130,10 +131,10 @@ TEST(MountTableRead, EachCompleteReadIsCounted)
     const QString path =
         folder.write(QStringLiteral("mountinfo"), QByteArray::fromStdString(watchedLine));
     const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY);
-    const unsigned before = orvane_drive_table_reads();
+    const unsigned before = DriveWaiter::tableReads();
     EXPECT_EQ(readMountTable(descriptor, 40, "8:17"), TableRead::holdsMount);
     EXPECT_EQ(readMountTable(descriptor, 40, "8:17"), TableRead::holdsMount);
     EXPECT_EQ(readMountTable(-1, 40, "8:17"), TableRead::failed);
     close(descriptor);
-    EXPECT_EQ(orvane_drive_table_reads() - before, 2U);
+    EXPECT_EQ(DriveWaiter::tableReads() - before, 2U);
 }
