@@ -35,12 +35,13 @@ extern const char __stop_orvane_drive_endings[];
 
 namespace {
 
-/// What the waiter needs, in zero-initialised memory that no file backs.
+/// What the waiter needs. Zero-initialised, so no page of it is ever read from the program's
+/// file; the descriptors are set when the waiter is armed.
 struct Watch
 {
-    int table = -1;
-    int uevents = -1;
-    long long mountId = 0;
+    int table;
+    int uevents;
+    long long mountId;
     char device[32];
     /// The disk's sysfs node, or empty where the mount has no disk.
     char diskNode[PATH_MAX];
@@ -171,6 +172,19 @@ std::optional<Target> targetOf(const char *path)
 
 } // namespace
 
+Resident MountTableScan MountTableScan::of(long long mountId, const char *device)
+{
+    MountTableScan scan{};
+    scan.wantedId = mountId;
+    scan.wantedDevice = device;
+    return scan;
+}
+
+Resident bool MountTableScan::found() const
+{
+    return m_found;
+}
+
 Resident void MountTableScan::feed(const char *bytes, std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i) {
@@ -188,8 +202,8 @@ Resident void MountTableScan::feed(const char *bytes, std::size_t count)
         }
         if (m_field == 0) {
             // A mount ID beyond any real one stops counting rather than overflowing.
-            m_idValid = m_idValid && isDigit(c) && m_id < 1000000000000LL;
-            if (m_idValid) {
+            m_idInvalid = m_idInvalid || !isDigit(c) || m_id >= 1000000000000LL;
+            if (!m_idInvalid) {
                 m_id = m_id * 10 + (c - '0');
                 ++m_idDigits;
             }
@@ -210,12 +224,12 @@ Resident void MountTableScan::finish()
 
 Resident void MountTableScan::endLine()
 {
-    if (m_idValid && m_idDigits > 0 && m_id == wantedId && m_deviceMatches)
+    if (!m_idInvalid && m_idDigits > 0 && m_id == wantedId && m_deviceMatches)
         m_found = true;
     m_field = 0;
     m_id = 0;
     m_idDigits = 0;
-    m_idValid = true;
+    m_idInvalid = false;
     m_deviceMatched = 0;
     m_deviceDiffers = false;
     m_deviceMatches = false;
@@ -224,9 +238,7 @@ Resident void MountTableScan::endLine()
 
 Resident TableRead readMountTable(int descriptor, long long mountId, const char *device)
 {
-    MountTableScan scan;
-    scan.wantedId = mountId;
-    scan.wantedDevice = device;
+    MountTableScan scan = MountTableScan::of(mountId, device);
     if (lseek(descriptor, 0, SEEK_SET) != 0)
         return TableRead::failed;
     for (;;) {

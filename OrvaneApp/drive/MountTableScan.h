@@ -8,27 +8,31 @@
 /// drive has gone.
 struct MountTableScan
 {
-    long long wantedId = 0;
+    long long wantedId;
     /// "MAJOR:MINOR", zero-terminated, as the table writes it.
-    const char *wantedDevice = nullptr;
+    const char *wantedDevice;
+
+    /// A scan of nothing yet. Every field starts at zero, so that making one calls no code
+    /// outside the waiter's own, whatever the build.
+    [[nodiscard]] static MountTableScan of(long long mountId, const char *device);
 
     void feed(const char *bytes, std::size_t count);
     /// Ends the last line when the table does not end with a line end.
     void finish();
-    [[nodiscard]] bool found() const { return m_found; }
+    [[nodiscard]] bool found() const;
 
 private:
     void endLine();
 
-    int m_field = 0;
-    long long m_id = 0;
-    int m_idDigits = 0;
-    bool m_idValid = true;
-    std::size_t m_deviceMatched = 0;
-    bool m_deviceDiffers = false;
-    bool m_deviceMatches = false;
-    bool m_lineHasText = false;
-    bool m_found = false;
+    int m_field;
+    long long m_id;
+    int m_idDigits;
+    bool m_idInvalid;
+    std::size_t m_deviceMatched;
+    bool m_deviceDiffers;
+    bool m_deviceMatches;
+    bool m_lineHasText;
+    bool m_found;
 };
 
 /// What one read of the whole table from its start found.

@@ -24,9 +24,7 @@ std::string otherLine(int id)
 
 bool scanFinds(const std::string &table, std::size_t piece)
 {
-    MountTableScan scan;
-    scan.wantedId = 40;
-    scan.wantedDevice = "8:17";
+    MountTableScan scan = MountTableScan::of(40, "8:17");
     for (std::size_t at = 0; at < table.size(); at += piece)
         scan.feed(table.data() + at, std::min(piece, table.size() - at));
     scan.finish();
