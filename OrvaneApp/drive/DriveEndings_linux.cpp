@@ -144,6 +144,9 @@ bool startWaiter()
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
     pthread_t thread;
     const bool started = pthread_create(&thread, &attributes, waitForThePull, nullptr) == 0;
+    // Named, so that a person or a test looking at the process's threads can find it.
+    if (started)
+        pthread_setname_np(thread, "orvane-drive");
     pthread_attr_destroy(&attributes);
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     return started;

@@ -195,3 +195,24 @@ TEST_F(DriveEndToEnd, FromALoopDriveWithoutCareTheProofLivesOnAfterThePull)
     EXPECT_EQ(seen.fact(u"work-after-pull"_s), u"drive-proof: work done, status 0"_s);
     EXPECT_EQ(seen.fact(u"end-on-bus-error"_s), u"exit 10"_s);
 }
+
+TEST_F(DriveEndToEnd, TheWindowFromALoopDriveEndsWithZeroWhenPulled)
+{
+    run(u"window-from-loop"_s);
+    if (stopped())
+        return;
+    EXPECT_EQ(seen.fact(u"window-up"_s), u"yes"_s);
+    EXPECT_EQ(seen.fact(u"waiter"_s), u"yes"_s);
+    EXPECT_EQ(seen.fact(u"end-after-pull"_s), u"exit 0"_s);
+}
+
+TEST_F(DriveEndToEnd, NoCareWithoutTheDriveProofStartsTheWindowWithNoEndingAtAll)
+{
+    run(u"window-from-loop-without-care"_s);
+    if (stopped())
+        return;
+    EXPECT_EQ(seen.fact(u"window-up"_s), u"yes"_s);
+    EXPECT_EQ(seen.fact(u"waiter"_s), u"no"_s);
+    // No bus-error ending either: a page fault is an ordinary crash.
+    EXPECT_EQ(seen.fact(u"end-on-bus-error"_s), u"signal 7"_s);
+}

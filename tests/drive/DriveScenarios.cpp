@@ -175,17 +175,58 @@ int busError(const Stage &stage, int (*body)(int, int))
     return 0;
 }
 
-/// The proof's own arguments, on a copy of the example machine inside the stage.
-std::vector<std::string> proofArguments(const Stage &stage, const std::string &program,
-                                        std::vector<std::string> options)
+/// The program's arguments, on a copy of the example machine inside the stage.
+std::vector<std::string> programArguments(const Stage &stage, const std::string &program,
+                                          std::vector<std::string> options)
 {
     const fs::path machine = stage.place / "mac";
     if (!fs::exists(machine))
         fs::copy(stage.example, machine, fs::copy_options::recursive);
-    std::vector<std::string> arguments{program, "--drive-proof"};
+    std::vector<std::string> arguments{program};
     arguments.insert(arguments.end(), options.begin(), options.end());
     arguments.insert(arguments.end(), {"--prefs", machine.string()});
     return arguments;
+}
+
+/// The drive proof's arguments.
+std::vector<std::string> proofArguments(const Stage &stage, const std::string &program,
+                                        std::vector<std::string> options)
+{
+    options.insert(options.begin(), "--drive-proof");
+    return programArguments(stage, program, options);
+}
+
+/// Whether any of the process's descriptors or threads is named `name`.
+bool holds(int pid, const std::string &where, const std::string &name)
+{
+    std::error_code problem;
+    const fs::path folder = "/proc/" + std::to_string(pid) + "/" + where;
+    for (const fs::directory_entry &entry : fs::directory_iterator(folder, problem)) {
+        std::string seen;
+        if (where == "fd") {
+            seen = fs::read_symlink(entry.path(), problem).string();
+        } else {
+            std::ifstream comm(entry.path() / "comm");
+            std::getline(comm, seen);
+        }
+        if (seen == name)
+            return true;
+    }
+    return false;
+}
+
+/// Counts looks at the window's process until it watches its configuration, which it starts
+/// on its first show; false when it ended or never did.
+bool windowIsUp(const ScenarioChild &window)
+{
+    for (long checks = 0; checks < 1000000; ++checks) {
+        if (holds(window.pid(), "fd", "anon_inode:inotify"))
+            return true;
+        if (!fs::exists("/proc/" + std::to_string(window.pid()) + "/fd"))
+            return false;
+        sched_yield();
+    }
+    return false;
 }
 
 /// Reads the proof's lines up to "drive-proof: ready".
@@ -338,6 +379,27 @@ int loopPullWithoutCare(const Stage &stage)
     return 0;
 }
 
+/// The window as a person starts it from the loop drive, with care or without.
+int windowFromLoopDrive(const Stage &stage, bool care)
+{
+    int refusal = 0;
+    const std::string program = programOnLoopDrive(stage, refusal);
+    if (program.empty())
+        return refusal;
+    ScenarioChild window(programArguments(
+        stage, program, care ? std::vector<std::string>{} : std::vector<std::string>{"--no-care"}));
+    fact("window-up", windowIsUp(window) ? "yes" : "no");
+    fact("waiter", holds(window.pid(), "task", "orvane-drive") ? "yes" : "no");
+    umount2((stage.place / "drive").c_str(), MNT_DETACH);
+    if (care) {
+        fact("end-after-pull", window.waitForEnd());
+        return 0;
+    }
+    window.signal(SIGBUS);
+    fact("end-on-bus-error", window.waitForEnd());
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -371,6 +433,9 @@ int main(int argc, char **argv)
         {"proof-working-thrice", proofWorkingThrice},
         {"loop-pull", loopPull},
         {"loop-pull-without-care", loopPullWithoutCare},
+        {"window-from-loop", [](const Stage &s) { return windowFromLoopDrive(s, true); }},
+        {"window-from-loop-without-care",
+         [](const Stage &s) { return windowFromLoopDrive(s, false); }},
     };
     const auto scenario = scenarios.find(argv[1]);
     int status = 1;
