@@ -1,3 +1,4 @@
+#include "tests/drive/scenarios/Scenario.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -37,9 +38,6 @@ struct Seen
 /// in case the scenario program itself is stuck.
 constexpr int scenarioBoundMilliseconds = 90000;
 
-/// Exit status by which the scenario program says the machine refused what it needs.
-constexpr int refused = 77;
-
 } // namespace
 
 /// Runs scenarios of the drive's endings, each in its private mount namespace, and skips the
@@ -61,7 +59,8 @@ protected:
             FAIL() << "the scenario did not end and was killed";
         }
         const QString errors = QString::fromUtf8(scenario.readAllStandardError());
-        if (scenario.exitStatus() == QProcess::NormalExit && scenario.exitCode() == refused)
+        if (scenario.exitStatus() == QProcess::NormalExit
+            && scenario.exitCode() == Scenario::skipped)
             GTEST_SKIP() << qPrintable(errors);
         ASSERT_EQ(scenario.exitStatus(), QProcess::NormalExit) << qPrintable(errors);
         ASSERT_EQ(scenario.exitCode(), 0) << qPrintable(errors);

@@ -1,4 +1,4 @@
-#include "tests/drive/ScenarioChild.h"
+#include "tests/drive/scenarios/ScenarioChild.h"
 
 #include <cerrno>
 #include <csignal>
