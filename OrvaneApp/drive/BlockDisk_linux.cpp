@@ -26,18 +26,26 @@ QString realPath(const QString &path)
     return QFileInfo(path).canonicalFilePath();
 }
 
+/// The folders (or links to folders) in `folder`, in canonical order so that "the first" is
+/// the same on every machine.
+QStringList foldersIn(const QString &folder)
+{
+    QStringList names =
+        QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::System, QDir::Unsorted);
+    VLANKit::sortCanonically(names);
+    return names;
+}
+
 /// The sysfs node of a device named in a mount's source: "/dev/sdb1", "/dev/mapper/NAME".
 QString nodeOfSource(const QString &source, const QString &sysRoot)
 {
     if (!source.startsWith(u"/dev/"_s))
         return {};
     const QString classFolder = sysRoot + u"/class/block/"_s;
-    if (source.startsWith(u"/dev/mapper/"_s)) {
-        const QString name = source.mid(12);
-        const QStringList nodes =
-            QDir(classFolder)
-                .entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::System, QDir::Name);
-        for (const QString &node : nodes) {
+    const QString mapper = u"/dev/mapper/"_s;
+    if (source.startsWith(mapper)) {
+        const QString name = source.mid(mapper.size());
+        for (const QString &node : foldersIn(classFolder)) {
             if (readWord(classFolder + node + u"/dm/name"_s) == name)
                 return realPath(classFolder + node);
         }
@@ -54,9 +62,7 @@ QString diskBeneath(QString node)
             node = realPath(node + u"/.."_s);
             continue;
         }
-        const QStringList below =
-            QDir(node + u"/slaves"_s)
-                .entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::System, QDir::Name);
+        const QStringList below = foldersIn(node + u"/slaves"_s);
         if (below.isEmpty())
             return node;
         node = realPath(node + u"/slaves/"_s + below.first());
