@@ -123,6 +123,6 @@ int orvane_end_when_taken_away(const char *path)
 void orvane_end_on_bus_error(void)
 {
     // The handler's argument is the signal number, SIGBUS, which is 10 on macOS.
-    signal(SIGBUS, reinterpret_cast<void (*)(int)>(_exit));
+    signal(SIGBUS, _exit);
 }
 }
