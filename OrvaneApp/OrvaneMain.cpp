@@ -1,5 +1,8 @@
 #include "OrvaneApp/OrvaneMain.h"
 
+#include "OrvaneApp/drive/DriveCare.h"
+#include "OrvaneApp/drive/DriveProof.h"
+#include "OrvaneApp/drive/ProofSignal.h"
 #include "OrvaneApp/model/AppModel.h"
 #include "OrvaneApp/model/Theme.h"
 #include "OrvaneApp/proof/RenderProof.h"
@@ -39,13 +42,9 @@ void nameTheApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
 }
 
-/// The picture maker's life: off screen unless a platform was asked for, one picture, one exit.
-int renderPicture(int argc, char **argv, const RenderRequest &request, const QStringList &arguments)
+/// One picture, with the application object already made.
+int drawPicture(const RenderRequest &request, const QStringList &arguments)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    nameTheApplication();
     try {
         RenderProof proof(request, VLANKit::choosePlatform(arguments),
                           VLANKit::Defaults::standard());
@@ -55,6 +54,32 @@ int renderPicture(int argc, char **argv, const RenderRequest &request, const QSt
                           + VLANKit::localizedDescription(failure) + u'\n');
         return 1;
     }
+}
+
+/// The lives without a window are off screen unless a platform was asked for.
+void offScreenUnlessAsked()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+/// The picture maker's life: one picture, one exit.
+int renderPicture(int argc, char **argv, const RenderRequest &request, const QStringList &arguments)
+{
+    offScreenUnlessAsked();
+    QApplication application(argc, argv);
+    nameTheApplication();
+    return drawPicture(request, arguments);
+}
+
+/// The drive proof's life: its lines, then a picture on each SIGUSR1 until the drive goes.
+int proveTheDrive(int argc, char **argv, const DriveProof &proof, const QStringList &arguments)
+{
+    offScreenUnlessAsked();
+    QApplication application(argc, argv);
+    nameTheApplication();
+    return proof.run(
+        [&arguments](const RenderRequest &request) { return drawPicture(request, arguments); });
 }
 
 /// The window application: one model for the whole process, one main window.
@@ -82,7 +107,11 @@ int openTheWindow(int argc, char **argv, const QStringList &arguments)
 int OrvaneMain::main(int argc, char **argv)
 {
     const QStringList arguments = processArguments(argc, argv);
-    // Drive care comes first of all, unless "--no-care": it is not part of this build yet.
+    // SIGUSR1 belongs to the drive proof: blocked before drive care starts its thread, so
+    // that no thread but the proof's reader ever takes it.
+    ProofSignal::block();
+    if (!arguments.contains(u"--no-care"_s))
+        DriveCare::beginForThisApp();
 
     // A bad "--render" line ends here, before any application object exists.
     const RenderRequest::Parsed render =
@@ -91,8 +120,13 @@ int OrvaneMain::main(int argc, char **argv)
         print(stderr, RenderRequest::usage() + u'\n');
         return 1;
     }
-    if (const auto *request = std::get_if<RenderRequest>(&render))
+    if (const auto *request = std::get_if<RenderRequest>(&render)) {
+        ProofSignal::unblock();
         return renderPicture(argc, argv, *request, arguments);
+    }
+    if (const std::optional<DriveProof> proof = DriveProof::parse(arguments))
+        return proveTheDrive(argc, argv, *proof, arguments);
+    ProofSignal::unblock();
 
     if (arguments.contains(u"--version"_s)) {
         QCoreApplication application(argc, argv);
