@@ -2,14 +2,13 @@
 
 #include "OrvaneApp/surfaces/CurrentView.h"
 #include "OrvaneApp/surfaces/ServiceRowView.h"
+#include "OrvaneApp/surfaces/kit/Popover.h"
 #include "tests/model/ModelTestSupport.h"
 
 #include <QApplication>
 #include <QPushButton>
 
 #include <memory>
-
-#include "OrvaneApp/surfaces/kit/Popover.h"
 
 /// The Current tab over a copy of the show machine (or a machine written for the test), off
 /// screen, with the model's clock moved by hand.
