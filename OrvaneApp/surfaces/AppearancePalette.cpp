@@ -23,6 +23,8 @@ QPalette AppearancePalette::light()
     palette.setColor(QPalette::ToolTipText, QColor(0x1D, 0x1D, 0x1F));
     palette.setColor(QPalette::Mid, QColor(0xC8, 0xC8, 0xC8));
     palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x1D, 0x1D, 0x1F, 0x55));
+    // A disabled field sits on a grey of its own, as the platform draws one.
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xF5, 0xF5, 0xF5));
     palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x1D, 0x1D, 0x1F, 0x55));
     palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x1D, 0x1D, 0x1F, 0x55));
     return palette;
@@ -45,6 +47,7 @@ QPalette AppearancePalette::dark()
     palette.setColor(QPalette::ToolTipText, QColor(0xF2, 0xF2, 0xF2));
     palette.setColor(QPalette::Mid, QColor(0x50, 0x50, 0x50));
     palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0xF2, 0xF2, 0xF2, 0x55));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x2A, 0x2A, 0x2A));
     palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0xF2, 0xF2, 0xF2, 0x55));
     palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0xF2, 0xF2, 0xF2, 0x55));
     return palette;

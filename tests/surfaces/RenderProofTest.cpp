@@ -1,5 +1,9 @@
 // The picture maker as a person runs it: the real executable over a copy of the show machine,
 // with the user's configuration and data pointed at temporary folders.
+#include "VLANKit/Platform.h"
+#include "VLANKit/core/TextRules.h"
+#include "VLANKit/store/NetworkAuthorization.h"
+#include "VLANKit/store/VLANStore.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <QFile>
@@ -201,3 +205,97 @@ TEST_F(RenderProofRun, AnEditOfNoRowFails)
 }
 
 } // namespace
+
+namespace {
+
+/// The Location of the show machine renamed to a long name, by hand.
+void renameTheShow(const QString &machine, const QString &name)
+{
+    QFile file(machine + u"/preferences.plist"_s);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray text = file.readAll();
+    file.close();
+    ASSERT_EQ(text.count("<string>Show</string>"), 1);
+    text.replace("<string>Show</string>", "<string>" + name.toUtf8() + "</string>");
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(text);
+}
+
+} // namespace
+
+TEST_F(RenderProofRun, TheCurrentTabWithAnEditedRowIsDrawnWithNothingCutShort)
+{
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        const QString out = picture(u"current-edit-"_s + appearance + u".png"_s);
+        const ProofRun run = orvane({u"--render"_s, u"current"_s, out, u"--edit"_s, u"vlan4"_s,
+                                     u"--appearance"_s, appearance});
+        ASSERT_EQ(run.status, 0) << run.err.toStdString();
+        EXPECT_TRUE(run.lines.last().endsWith(u"0 cut short, 0 at the edge"_s))
+            << run.lines.join(u'\n').toStdString();
+    }
+}
+
+TEST_F(RenderProofRun, TheCurrentTabAtItsLeastWidthHoldsALongLocationName)
+{
+    const QString name = u"Main Stage Front of House 2026"_s;
+    ASSERT_EQ(name.size(), 30);
+    renameTheShow(machine, name);
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        const QString out = picture(u"least-"_s + appearance + u".png"_s);
+        const ProofRun run = orvane({u"--render"_s, u"current"_s, out, u"--width"_s, u"1"_s,
+                                     u"--height"_s, u"1"_s, u"--appearance"_s, appearance});
+        ASSERT_EQ(run.status, 0) << run.lines.join(u'\n').toStdString();
+        EXPECT_TRUE(run.lines.at(1).startsWith(u"render: location \u201c"_s + name));
+        EXPECT_TRUE(run.lines.last().endsWith(u"0 at the edge"_s));
+        EXPECT_EQ(QImage(out).size(), QSize(1334, 620));
+    }
+}
+
+TEST_F(RenderProofRun, MoreIsDrawnForAVLANAnAdapterAndSampleHardware)
+{
+    const QList<QStringList> asks{
+        {}, {u"--edit"_s, u"en0"_s}, {u"--edit"_s, u"en1"_s}, {u"--sample-hardware"_s}};
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        for (const QStringList &ask : asks) {
+            const QString out = picture(u"more-"_s + appearance + u".png"_s);
+            const ProofRun run = orvane(
+                QStringList{u"--render"_s, u"more"_s, out, u"--appearance"_s, appearance} + ask);
+            ASSERT_EQ(run.status, 0) << run.lines.join(u'\n').toStdString();
+            EXPECT_TRUE(run.lines.last().endsWith(u"0 cut short, 0 at the edge"_s))
+                << ask.join(u' ').toStdString() << ": " << run.lines.join(u'\n').toStdString();
+            EXPECT_GE(QImage(out).width(), 300);
+        }
+    }
+}
+
+TEST_F(RenderProofRun, SampleHardwareShowsTheSpeedAndDuplexChoices)
+{
+    const QString plain = picture(u"plain.png"_s);
+    const QString sample = picture(u"sample.png"_s);
+    const ProofRun without = orvane({u"--render"_s, u"more"_s, plain});
+    const ProofRun with = orvane({u"--render"_s, u"more"_s, sample, u"--sample-hardware"_s});
+    ASSERT_EQ(with.status, 0);
+    // Two more pop-ups: the speed and the duplex.
+    const auto popups = [](const ProofRun &run) {
+        const QString line = run.lines.last();
+        const QString count = line.section(u", "_s, 1, 1).section(u' ', 0, 0);
+        return VLANKit::parseInteger(count).value_or(-1);
+    };
+    EXPECT_EQ(popups(with), popups(without) + 2);
+}
+
+TEST_F(RenderProofRun, MoreWithNoRowSaysSo)
+{
+    {
+        const VLANKit::Platform platform = VLANKit::Platform::overFolder(machine);
+        VLANKit::NetworkAuthorization authorization(platform);
+        authorization.acquire();
+        VLANKit::VLANStore store(platform, authorization);
+        for (const VLANKit::VLANRecord &vlan : store.vlans())
+            store.removeVLAN(vlan.tag, vlan.bsdName);
+        store.commit();
+    }
+    const ProofRun run = orvane({u"--render"_s, u"more"_s, picture(u"out.png"_s)});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.lines.last(), u"render: no row to show More\u2026 for"_s);
+}
