@@ -534,3 +534,24 @@ TEST_F(CurrentTab, TheRecommendedOrderConfirmationClosesWhenNothingIsLeftToFix)
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(CurrentTab, ALoadErrorStandsInBothHeadsUntilTheNextGoodRead)
+{
+    openTab();
+    const QByteArray good = preferencesBytes();
+    temporary.write(u"machine/preferences.plist"_s, "<plist><dict>");
+    model->reload(false);
+    ASSERT_TRUE(model->loadError());
+    for (SectionHead *head : {view->adaptersHead(), view->vlansHead()}) {
+        ASSERT_TRUE(head->loadErrorLine()->isVisibleTo(head));
+        EXPECT_EQ(warningText(*head->loadErrorLine()), *model->loadError());
+    }
+    temporary.write(u"machine/preferences.plist"_s, good);
+    model->reload(false);
+    EXPECT_FALSE(model->loadError());
+    EXPECT_FALSE(view->vlansHead()->loadErrorLine()->isVisibleTo(view->vlansHead()));
+}
+
+} // namespace
