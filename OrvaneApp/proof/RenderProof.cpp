@@ -8,7 +8,9 @@
 #include "OrvaneApp/surfaces/ContentView.h"
 #include "OrvaneApp/surfaces/HelpView.h"
 #include "OrvaneApp/surfaces/MoreSettings.h"
+#include "OrvaneApp/surfaces/NewLocationSheet.h"
 #include "OrvaneApp/surfaces/OrderConfirmation.h"
+#include "OrvaneApp/surfaces/RenameLocationSheet.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
 #include "OrvaneApp/surfaces/kit/Pulse.h"
 #include "OrvaneApp/surfaces/kit/TextControlWalk.h"
@@ -207,6 +209,26 @@ QWidget *RenderProof::build(AppModel &model)
         auto *question = new OrderConfirmation(nullptr, model.recommendedOrderLines(), {}, {});
         sizeToItsLayout(*question);
         return question;
+    }
+    case Surface::newLocation: {
+        model.beginCreatingLocation();
+        if (m_request.name)
+            model.setNewLocationName(*m_request.name);
+        if (m_request.adaptersOnly)
+            model.setNewLocationStart(LocationStart::adaptersOnly());
+        if (m_request.switchNow)
+            model.setSwitchToNewLocation(true);
+        auto *sheet = new NewLocationSheet(model);
+        sizeToItsLayout(*sheet);
+        return sheet;
+    }
+    case Surface::rename: {
+        model.beginRenamingLocation();
+        if (m_request.name)
+            model.setLocationNewName(*m_request.name);
+        auto *sheet = new RenameLocationSheet(model);
+        sizeToItsLayout(*sheet);
+        return sheet;
     }
     case Surface::more: {
         const AppModel::Row row = moreRow(model);

@@ -6,7 +6,10 @@
 #include "OrvaneApp/surfaces/CurrentView.h"
 #include "OrvaneApp/surfaces/LocationConfirmation.h"
 #include "OrvaneApp/surfaces/LocationPopUp.h"
+#include "OrvaneApp/surfaces/NewLocationSheet.h"
 #include "OrvaneApp/surfaces/PlanSheet.h"
+#include "OrvaneApp/surfaces/RenameAdapterSheet.h"
+#include "OrvaneApp/surfaces/RenameLocationSheet.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
 #include "OrvaneApp/surfaces/kit/ConfirmParts.h"
 #include "OrvaneApp/surfaces/kit/Help.h"
@@ -85,21 +88,32 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
     layout->addWidget(m_tabStack, 1);
 
     m_sheets = new SheetHost(
-        this, {{[this] { return m_model.pendingPlan().has_value(); },
-                [this](QWidget *window) -> QDialog * {
-                    return new PlanSheet(
-                        m_model.pendingPlan()->plan,
-                        [this] {
-                            const WaitCursor busy;
-                            m_model.commitPendingPlan();
-                        },
-                        [this] { m_model.setPendingPlan(std::nullopt); }, window);
-                }},
-               {[this] { return m_model.result().has_value(); },
-                [this](QWidget *window) -> QDialog * {
-                    return new ResultSheet(
-                        *m_model.result(), [this] { m_model.setResult(std::nullopt); }, window);
-                }}});
+        this,
+        {{[this] { return m_model.pendingPlan().has_value(); },
+          [this](QWidget *window) -> QDialog * {
+              return new PlanSheet(
+                  m_model.pendingPlan()->plan,
+                  [this] {
+                      const WaitCursor busy;
+                      m_model.commitPendingPlan();
+                  },
+                  [this] { m_model.setPendingPlan(std::nullopt); }, window);
+          }},
+         {[this] { return m_model.creatingLocation(); },
+          [this](QWidget *window) -> QDialog * { return new NewLocationSheet(m_model, window); }},
+         {[this] { return m_model.renamingLocation(); },
+          [this](QWidget *window) -> QDialog * {
+              return new RenameLocationSheet(m_model, window);
+          }},
+         {[this] { return m_model.renamingAdapter().has_value(); },
+          [this](QWidget *window) -> QDialog * {
+              return new RenameAdapterSheet(m_model, *m_model.renamingAdapter(), window);
+          }},
+         {[this] { return m_model.result().has_value(); },
+          [this](QWidget *window) -> QDialog * {
+              return new ResultSheet(
+                  *m_model.result(), [this] { m_model.setResult(std::nullopt); }, window);
+          }}});
 
     // A picture is drawn in the appearance it asks for; the window applies the stored one.
     m_appearance = loadAppearance(m_defaults);
@@ -109,7 +123,9 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
     for (const auto signal :
          {&AppModel::tabChanged, &AppModel::locationsChanged, &AppModel::selectedLocationChanged,
           &AppModel::existingChanged, &AppModel::draftsChanged, &AppModel::pendingPlanChanged,
-          &AppModel::resultChanged, &AppModel::switchingToChanged})
+          &AppModel::resultChanged, &AppModel::switchingToChanged,
+          &AppModel::creatingLocationChanged, &AppModel::renamingLocationChanged,
+          &AppModel::renamingAdapterChanged})
         connect(&m_model, signal, this, &ContentView::showModel);
     connect(&m_model, &AppModel::draftEdited, this, &ContentView::showModel);
     showModel();

@@ -299,3 +299,24 @@ TEST_F(RenderProofRun, MoreWithNoRowSaysSo)
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.lines.last(), u"render: no row to show More\u2026 for"_s);
 }
+
+TEST_F(RenderProofRun, TheLocationSheetsAreDrawnWithNothingCutShort)
+{
+    const QList<QStringList> asks{
+        {u"new"_s},
+        {u"new"_s, u"--name"_s, u"Office"_s, u"--adapters-only"_s, u"--switch-now"_s},
+        {u"rename"_s, u"--name"_s, u"Main Stage"_s}};
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        for (const QStringList &ask : asks) {
+            const QString out = picture(ask.first() + u"-"_s + appearance + u".png"_s);
+            const ProofRun run =
+                orvane(QStringList{u"--render"_s, ask.first(), out, u"--appearance"_s, appearance}
+                       + ask.mid(1));
+            ASSERT_EQ(run.status, 0) << run.lines.join(u'\n').toStdString();
+            EXPECT_TRUE(run.lines.last().endsWith(u"0 cut short, 0 at the edge"_s))
+                << run.lines.join(u'\n').toStdString();
+        }
+    }
+    // "New Location" is as wide as its form and its padding.
+    EXPECT_EQ(QImage(picture(u"new-light.png"_s)).width(), 480);
+}
