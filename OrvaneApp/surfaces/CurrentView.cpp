@@ -77,7 +77,7 @@ CurrentView::CurrentView(AppModel &model, QWidget *parent)
         head->hide();
 
     m_list = new RowList(
-        ServiceRowView::rowHeight, [this](QWidget *viewport) { return makeRow(viewport); },
+        ServiceRowView::rowHeight, [this](QWidget *viewport, int) { return makeRow(viewport); },
         [this](QWidget *row, const QString &id) { bindRow(row, id); },
         [](QWidget *row) { return static_cast<ServiceRowView *>(row)->focusOrder(); }, this);
     m_list->setSideMargins(leftMargin, rightMargin);

@@ -62,7 +62,7 @@ void RowList::setItems(QList<Item> items)
         m_tops.append(top);
         if (item.isRow()) {
             m_rowIndex.insert(item.id, index);
-            top += m_rowHeight;
+            top += item.height > 0 ? item.height : m_rowHeight;
         } else {
             if (item.head->parentWidget() != viewport())
                 item.head->setParent(viewport());
@@ -114,12 +114,33 @@ void RowList::updateScrollBars()
     horizontalScrollBar()->setSingleStep(20);
 }
 
-QWidget *RowList::takeSpare()
+qsizetype RowList::spareCount() const
 {
-    if (!m_spare.isEmpty())
-        return m_spare.takeLast();
+    qsizetype count = 0;
+    for (const QList<QWidget *> &spares : m_spare)
+        count += spares.size();
+    return count;
+}
+
+qsizetype RowList::rowWidgetCount() const
+{
+    return m_bound.size() + spareCount();
+}
+
+QWidget *RowList::make(int kind)
+{
     ++m_made;
-    return m_make(viewport());
+    QWidget *row = m_make(viewport(), kind);
+    m_kinds.insert(row, kind);
+    return row;
+}
+
+QWidget *RowList::takeSpare(int kind)
+{
+    QList<QWidget *> &spares = m_spare[kind];
+    if (!spares.isEmpty())
+        return spares.takeLast();
+    return make(kind);
 }
 
 void RowList::place(bool rebind)
@@ -155,7 +176,7 @@ void RowList::place(bool rebind)
             setFocus(Qt::OtherFocusReason);
         row->hide();
         Q_EMIT rowReleased(row);
-        m_spare.append(row);
+        m_spare[m_kinds.value(row)].append(row);
         bound = m_bound.erase(bound);
     }
 
@@ -171,19 +192,27 @@ void RowList::place(bool rebind)
             continue;
         }
         QWidget *row = m_bound.value(item.id);
+        if (row && m_kinds.value(row) != item.kind) {
+            // The same identity is now shown by another kind of row.
+            row->hide();
+            Q_EMIT rowReleased(row);
+            m_spare[m_kinds.value(row)].append(row);
+            m_bound.remove(item.id);
+            row = nullptr;
+        }
         if (!row) {
-            row = takeSpare();
+            row = takeSpare(item.kind);
             m_bound.insert(item.id, row);
             m_bind(row, item.id);
         } else if (rebind) {
             m_bind(row, item.id);
         }
-        row->setGeometry(m_leftMargin - left, y, m_rowWidth, m_rowHeight);
+        row->setGeometry(m_leftMargin - left, y, m_rowWidth,
+                         m_tops.at(index + 1) - m_tops.at(index));
         row->show();
     }
     for (QWidget *child : viewport()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
-        if (!headsShown.contains(child) && !m_spare.contains(child)
-            && std::find(m_bound.cbegin(), m_bound.cend(), child) == m_bound.cend())
+        if (!headsShown.contains(child) && !m_kinds.contains(child))
             child->hide();
     }
 
@@ -191,13 +220,17 @@ void RowList::place(bool rebind)
     // scroll never makes one and a shorter window gives its spares back.
     const qsizetype wanted = std::min<qsizetype>(visibleCapacity(), m_rowIndex.size());
     while (rowWidgetCount() < wanted) {
-        QWidget *row = m_make(viewport());
-        ++m_made;
+        QWidget *row = make(0);
         row->hide();
-        m_spare.append(row);
+        m_spare[0].append(row);
     }
-    while (rowWidgetCount() > wanted && !m_spare.isEmpty())
-        m_spare.takeLast()->deleteLater();
+    for (auto spares = m_spare.begin(); spares != m_spare.end(); ++spares) {
+        while (rowWidgetCount() > wanted && !spares->isEmpty()) {
+            QWidget *row = spares->takeLast();
+            m_kinds.remove(row);
+            row->deleteLater();
+        }
+    }
 }
 
 void RowList::scrollToItem(qsizetype index)

@@ -22,14 +22,21 @@ public:
     {
         QWidget *head = nullptr;
         QString id;
+        /// Which kind of row widget shows it: each kind has a pool of its own.
+        int kind = 0;
+        /// Its height; 0 for the list's row height.
+        int height = 0;
 
-        [[nodiscard]] static Item ofHead(QWidget *head) { return {head, {}}; }
-        [[nodiscard]] static Item ofRow(const QString &id) { return {nullptr, id}; }
+        [[nodiscard]] static Item ofHead(QWidget *head) { return {head, {}, 0, 0}; }
+        [[nodiscard]] static Item ofRow(const QString &id, int kind = 0, int height = 0)
+        {
+            return {nullptr, id, kind, height};
+        }
         [[nodiscard]] bool isRow() const { return head == nullptr; }
     };
 
-    /// Makes an empty row widget, a child of the viewport.
-    using MakeRow = std::function<QWidget *(QWidget *viewport)>;
+    /// Makes an empty row widget of a kind, a child of the viewport.
+    using MakeRow = std::function<QWidget *(QWidget *viewport, int kind)>;
     /// Shows the row of this identity in a row widget. The widget may have shown another row,
     /// or the same row before a change: a binder sets only the values that differ.
     using BindRow = std::function<void(QWidget *row, const QString &id)>;
@@ -56,7 +63,7 @@ public:
     /// The identities on show, top to bottom.
     [[nodiscard]] QStringList visibleRowIDs() const;
     /// Row widgets alive, bound or waiting in the pool.
-    [[nodiscard]] qsizetype rowWidgetCount() const { return m_bound.size() + m_spare.size(); }
+    [[nodiscard]] qsizetype rowWidgetCount() const;
     /// Row widgets made since the list was created.
     [[nodiscard]] qsizetype rowWidgetsMade() const { return m_made; }
     /// The most rows that can be seen at once at the viewport's height: the pool's size.
@@ -81,7 +88,9 @@ private:
     void place(bool rebind);
     void updateScrollBars();
     [[nodiscard]] int contentWidth() const;
-    [[nodiscard]] QWidget *takeSpare();
+    [[nodiscard]] QWidget *takeSpare(int kind);
+    [[nodiscard]] QWidget *make(int kind);
+    [[nodiscard]] qsizetype spareCount() const;
     /// Moves focus to the first (or last) control of the row at `index`, scrolling it into
     /// view; false when that row has no control to take it.
     bool focusRow(qsizetype index, bool first);
@@ -100,6 +109,8 @@ private:
     QList<int> m_tops;
     QHash<QString, qsizetype> m_rowIndex;
     QHash<QString, QWidget *> m_bound;
-    QList<QWidget *> m_spare;
+    QHash<int, QList<QWidget *>> m_spare;
+    /// The kind of every row widget alive; the pool is made up front of the first kind.
+    QHash<const QWidget *, int> m_kinds;
     qsizetype m_made = 0;
 };
