@@ -2,6 +2,7 @@
 
 #include "OrvaneApp/model/AppModel.h"
 #include "OrvaneApp/model/Theme.h"
+#include "OrvaneApp/surfaces/AddView.h"
 #include "OrvaneApp/surfaces/AppearancePalette.h"
 #include "OrvaneApp/surfaces/CurrentView.h"
 #include "OrvaneApp/surfaces/LocationConfirmation.h"
@@ -81,10 +82,9 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
     layout->setSpacing(0);
     layout->addWidget(makeBar());
     layout->addWidget(ConfirmParts::divider(this));
-    // The tabs' own contents stand here; the Add tab is an empty page until it is built.
     m_tabStack = new QStackedWidget(this);
     m_tabStack->addWidget(new CurrentView(m_model, m_tabStack));
-    m_tabStack->addWidget(new QWidget(m_tabStack));
+    m_tabStack->addWidget(new AddView(m_model, m_tabStack));
     layout->addWidget(m_tabStack, 1);
 
     m_sheets = new SheetHost(
