@@ -320,3 +320,19 @@ TEST_F(RenderProofRun, TheLocationSheetsAreDrawnWithNothingCutShort)
     // "New Location" is as wide as its form and its padding.
     EXPECT_EQ(QImage(picture(u"new-light.png"_s)).width(), 480);
 }
+
+TEST_F(RenderProofRun, TheAddTabIsDrawnWithItsRowsAtFullAndLeastWidth)
+{
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        for (const QString &width : {u"1340"_s, u"1"_s}) {
+            const QString out = picture(u"add-"_s + width + appearance + u".png"_s);
+            const ProofRun run =
+                orvane({u"--render"_s, u"add"_s, out, u"--appearance"_s, appearance, u"--width"_s,
+                        width, u"--host"_s, u"69"_s, u"--draft"_s, u"1060,Comms,manual"_s,
+                        u"--draft"_s, u"1062,Video,dhcp"_s, u"--draft"_s, u"5000,Bad,manual"_s});
+            ASSERT_EQ(run.status, 0) << run.lines.join(u'\n').toStdString();
+            EXPECT_TRUE(run.lines.last().endsWith(u"0 cut short, 0 at the edge"_s))
+                << run.lines.join(u'\n').toStdString();
+        }
+    }
+}
