@@ -7,6 +7,7 @@
 #include "OrvaneApp/surfaces/AppearancePalette.h"
 #include "OrvaneApp/surfaces/ContentView.h"
 #include "OrvaneApp/surfaces/HelpView.h"
+#include "OrvaneApp/surfaces/ImportProfileSheet.h"
 #include "OrvaneApp/surfaces/MoreSettings.h"
 #include "OrvaneApp/surfaces/NewLocationSheet.h"
 #include "OrvaneApp/surfaces/OrderConfirmation.h"
@@ -227,6 +228,22 @@ QWidget *RenderProof::build(AppModel &model)
         if (m_request.name)
             model.setLocationNewName(*m_request.name);
         auto *sheet = new RenameLocationSheet(model);
+        sizeToItsLayout(*sheet);
+        return sheet;
+    }
+    case Surface::import: {
+        if (!m_request.project) {
+            say(u"render: import needs --project FILE"_s);
+            return nullptr;
+        }
+        model.loadProfile(*m_request.project);
+        if (!model.pendingImport()) {
+            const QString why =
+                model.result() ? model.result()->message : u"it has no addresses to re-host"_s;
+            say(u"render: "_s + *m_request.project + u" opens no sheet \u2014 "_s + why);
+            return nullptr;
+        }
+        auto *sheet = new ImportProfileSheet(model, *model.pendingImport());
         sizeToItsLayout(*sheet);
         return sheet;
     }

@@ -5,6 +5,7 @@
 #include "OrvaneApp/surfaces/AddView.h"
 #include "OrvaneApp/surfaces/AppearancePalette.h"
 #include "OrvaneApp/surfaces/CurrentView.h"
+#include "OrvaneApp/surfaces/ImportProfileSheet.h"
 #include "OrvaneApp/surfaces/LocationConfirmation.h"
 #include "OrvaneApp/surfaces/LocationPopUp.h"
 #include "OrvaneApp/surfaces/NewLocationSheet.h"

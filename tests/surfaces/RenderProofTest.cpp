@@ -2,6 +2,7 @@
 // with the user's configuration and data pointed at temporary folders.
 #include "VLANKit/Platform.h"
 #include "VLANKit/core/TextRules.h"
+#include "VLANKit/project/ProfileIO.h"
 #include "VLANKit/store/NetworkAuthorization.h"
 #include "VLANKit/store/VLANStore.h"
 #include "tests/support/TemporaryFolder.h"
@@ -335,4 +336,36 @@ TEST_F(RenderProofRun, TheAddTabIsDrawnWithItsRowsAtFullAndLeastWidth)
                 << run.lines.join(u'\n').toStdString();
         }
     }
+}
+
+TEST_F(RenderProofRun, TheImportSheetIsDrawnForAProjectWithAClaim)
+{
+    VLANKit::Profile profile;
+    profile.name = u"tour"_s;
+    VLANKit::IPConfig ip;
+    ip.mode = VLANKit::IPMode::manual;
+    ip.address = u"192.168.10.69"_s;
+    ip.subnetMask = u"255.255.255.0"_s;
+    profile.entries = {{1010, u"1010 - Control"_s, ip, true},
+                       {1020, u"1020 - Internet"_s, VLANKit::IPConfig::dhcp(), true}};
+    profile.assignments =
+        QList<VLANKit::HostAssignment>{{u"69"_s, u"FOH Show Mac"_s, u"8f8c4a904d79"_s}};
+    const QString project = picture(u"tour.json"_s);
+    VLANKit::ProfileIO::write(profile, project);
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        const QString out = picture(u"import-"_s + appearance + u".png"_s);
+        const ProofRun run = orvane({u"--render"_s, u"import"_s, out, u"--project"_s, project,
+                                     u"--appearance"_s, appearance});
+        ASSERT_EQ(run.status, 0) << run.lines.join(u'\n').toStdString();
+        EXPECT_TRUE(run.lines.last().endsWith(u"0 cut short, 0 at the edge"_s))
+            << run.lines.join(u'\n').toStdString();
+        EXPECT_EQ(QImage(out).width(), 620);
+    }
+}
+
+TEST_F(RenderProofRun, ImportWithoutAProjectSaysWhatItNeeds)
+{
+    const ProofRun run = orvane({u"--render"_s, u"import"_s, picture(u"out.png"_s)});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.lines.last(), u"render: import needs --project FILE"_s);
 }
