@@ -262,15 +262,15 @@ QWidget *AddView::makeRow(QWidget *viewport, int kind)
 void AddView::bindRow(QWidget *row, const QString &id)
 {
     const int nameColumn = int(std::ceil(m_model.nameColumnWidth()));
-    if (auto *draftRow = qobject_cast<DraftRowView *>(row)) {
+    if (auto *draftView = qobject_cast<DraftRowView *>(row)) {
         const AppModel::DraftRow draft = m_drafts.value(id);
         if (!draft)
             return;
         const bool canRemove = m_canRemoveBlank || !draft->isBlank();
         const auto issue = m_issues.constFind(draft->id());
-        draftRow->bind(draft, nameColumn,
-                       issue == m_issues.constEnd() ? std::nullopt : std::optional(*issue),
-                       canRemove);
+        draftView->bind(draft, nameColumn,
+                        issue == m_issues.constEnd() ? std::nullopt : std::optional(*issue),
+                        canRemove);
     } else if (auto *existing = qobject_cast<ExistingVLANRowView *>(row)) {
         existing->bind(m_existing.value(id), m_model.selectedLocation(), nameColumn);
     }
