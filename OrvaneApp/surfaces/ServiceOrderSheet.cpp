@@ -2,7 +2,7 @@
 
 #include "OrvaneApp/model/AppModel.h"
 #include "OrvaneApp/model/Theme.h"
-#include "OrvaneApp/surfaces/OrderConfirmation.h"
+#include "OrvaneApp/surfaces/RecommendedOrderQuestion.h"
 #include "OrvaneApp/surfaces/ServiceOrderTable.h"
 #include "OrvaneApp/surfaces/kit/ConfirmParts.h"
 #include "OrvaneApp/surfaces/kit/Help.h"
@@ -18,8 +18,6 @@
 
 using namespace Qt::StringLiterals;
 
-const QString ServiceOrderSheet::recommendedHelp =
-    u"Internet first, then the adapters, then the closed VLANs"_s;
 const QString ServiceOrderSheet::alreadyRecommendedHelp =
     u"The order is already the recommended one"_s;
 
@@ -111,7 +109,7 @@ ServiceOrderSheet::ServiceOrderSheet(AppModel &model, QWidget *parent)
     auto *foot = new QHBoxLayout;
     foot->setContentsMargins(padding, padding, padding, padding);
     m_recommended = ConfirmParts::plainButton(u"Apply recommended order\u2026"_s, this);
-    connect(m_recommended, &QPushButton::clicked, this, &ServiceOrderSheet::confirmRecommended);
+    m_question = new RecommendedOrderQuestion(m_model, *m_recommended);
     m_done = new QPushButton(u"Done"_s, this);
     m_done->setDefault(true);
     connect(m_done, &QPushButton::clicked, this, &QDialog::accept);
@@ -156,12 +154,8 @@ void ServiceOrderSheet::showModel()
 
     const bool needsFixing = m_model.orderNeedsFixing();
     m_recommended->setEnabled(needsFixing);
-    setHelp(m_recommended, needsFixing ? recommendedHelp : alreadyRecommendedHelp);
-    // Nothing left to mend: the question has lost its subject.
-    if (!needsFixing && m_confirmation) {
-        m_confirmingRecommended = false;
-        m_confirmation->dismissQuietly();
-    }
+    setHelp(m_recommended, needsFixing ? RecommendedOrderQuestion::help : alreadyRecommendedHelp);
+    m_question->follow(needsFixing);
 }
 
 void ServiceOrderSheet::showError()
@@ -171,21 +165,4 @@ void ServiceOrderSheet::showError()
     if (error && m_errorWords->text() != *error)
         m_errorWords->setText(*error);
     adjustSize();
-}
-
-void ServiceOrderSheet::confirmRecommended()
-{
-    if (m_confirmation)
-        return;
-    m_confirmingRecommended = true;
-    m_confirmation = new OrderConfirmation(
-        m_recommended, m_model.recommendedOrderLines(),
-        [this] {
-            m_confirmingRecommended = false;
-            m_model.setOrderError(std::nullopt);
-            const WaitCursor busy;
-            m_model.applyRecommendedOrder();
-        },
-        [this] { m_confirmingRecommended = false; });
-    m_confirmation->present();
 }

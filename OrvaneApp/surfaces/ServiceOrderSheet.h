@@ -1,10 +1,10 @@
 #pragma once
 
+#include "OrvaneApp/surfaces/RecommendedOrderQuestion.h"
+
 #include <QDialog>
-#include <QPointer>
 
 class AppModel;
-class Popover;
 class QLabel;
 class QPushButton;
 class ServiceOrderTable;
@@ -17,7 +17,6 @@ class ServiceOrderSheet : public QDialog
     Q_OBJECT
 
 public:
-    static const QString recommendedHelp;
     static const QString alreadyRecommendedHelp;
 
     explicit ServiceOrderSheet(AppModel &model, QWidget *parent = nullptr);
@@ -25,7 +24,7 @@ public:
     /// "The services in " + the Location + ", highest first. …"
     [[nodiscard]] static QString introduction(const QString &location);
 
-    [[nodiscard]] bool confirmingRecommended() const { return m_confirmingRecommended; }
+    [[nodiscard]] bool confirmingRecommended() const { return m_question->asking(); }
     [[nodiscard]] ServiceOrderTable *table() const { return m_table; }
     [[nodiscard]] QPushButton *recommendedButton() const { return m_recommended; }
     [[nodiscard]] QPushButton *doneButton() const { return m_done; }
@@ -34,7 +33,6 @@ public:
 private:
     void showModel();
     void showError();
-    void confirmRecommended();
 
     AppModel &m_model;
     QLabel *m_introduction = nullptr;
@@ -44,6 +42,5 @@ private:
     QLabel *m_errorWords = nullptr;
     QPushButton *m_recommended = nullptr;
     QPushButton *m_done = nullptr;
-    bool m_confirmingRecommended = false;
-    QPointer<Popover> m_confirmation;
+    RecommendedOrderQuestion *m_question = nullptr;
 };

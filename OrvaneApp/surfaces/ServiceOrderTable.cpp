@@ -159,8 +159,9 @@ public:
                 return false;
         }
         const qsizetype target = row >= 0 ? row : parent.isValid() ? parent.row() : count;
+        // Refused rather than taken: the view removes the rows of a drop it was told is a move.
         if (!movesAnything(sources, target))
-            return true;
+            return false;
         // The order is rebuilt by the model, which resets these rows: the view has nothing
         // left to remove.
         m_move(sources, target);
