@@ -197,6 +197,24 @@ TEST_F(OrderSheet, TheHeadAndTheRowsShowTheOrder)
     EXPECT_EQ(sheet->width(), ServiceOrderLayout::measuring(model->serviceOrder()).sheetWidth());
 }
 
+TEST_F(OrderSheet, TheColumnHeadStandsOverItsColumns)
+{
+    open();
+    const QStringList heads{u"#"_s, u"INTERNET"_s, u"SERVICE"_s, u"INTERFACE"_s, u"IPV4"_s};
+    for (int column = 0; column < ServiceOrderLayout::columnCount; ++column) {
+        const QLabel *head = nullptr;
+        for (const QLabel *label : sheet->findChildren<QLabel *>()) {
+            if (label->text() == heads.at(column))
+                head = label;
+        }
+        ASSERT_TRUE(head) << heads.at(column).toStdString();
+        const QRect cell = table().visualRect(table().model()->index(0, column));
+        EXPECT_EQ(head->mapTo(sheet.get(), QPoint(0, 0)).x(),
+                  table().viewport()->mapTo(sheet.get(), cell.topLeft()).x());
+        EXPECT_EQ(head->width(), table().columns().width(ServiceOrderLayout::Column(column)));
+    }
+}
+
 TEST_F(OrderSheet, AVLANWithNoKnownTagReadsVLANInItsPill)
 {
     open();
