@@ -2,29 +2,24 @@
 
 #include "OrvaneApp/model/AppModel.h"
 #include "OrvaneApp/model/Theme.h"
+#include "OrvaneApp/surfaces/ServiceOrderRows.h"
 #include "OrvaneApp/surfaces/kit/Roles.h"
 #include "OrvaneApp/surfaces/kit/SmallParts.h"
 #include "OrvaneApp/surfaces/kit/Symbols.h"
 
-#include <QAbstractTableModel>
 #include <QApplication>
-#include <QDataStream>
 #include <QHeaderView>
 #include <QHelpEvent>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
 #include <cmath>
-#include <set>
 
 using namespace Qt::StringLiterals;
 using VLANKit::ServiceRecord;
 
-const QString ServiceOrderTable::offsetsType = u"application/x-orvane-service-offsets"_s;
-const QString ServiceOrderTable::tickHelp = u"Tick if this service reaches the internet"_s;
 const QString ServiceOrderTable::riskHelp =
     u"Closed VLAN ranked above an adapter that carries internet"_s;
 
@@ -37,151 +32,6 @@ constexpr int partGap = 6;
 constexpr qreal dimmed = 0.5;
 
 using Column = ServiceOrderLayout::Column;
-
-/// The rows of the list, read live from the model's order: a tick or a drag rebuilds it, and
-/// the rows follow.
-class ServiceOrderRows : public QAbstractTableModel
-{
-public:
-    ServiceOrderRows(AppModel &model, ServiceOrderTable::Tick tick, ServiceOrderTable::Move move,
-                     QObject *parent)
-        : QAbstractTableModel(parent)
-        , m_model(model)
-        , m_tick(std::move(tick))
-        , m_move(std::move(move))
-    {
-        connect(&m_model, &AppModel::serviceOrderChanged, this, [this] {
-            beginResetModel();
-            endResetModel();
-        });
-        for (const auto signal :
-             {&AppModel::internetServiceIDsChanged, &AppModel::riskyVLANIDsChanged})
-            connect(&m_model, signal, this, [this] {
-                if (rowCount({}) > 0)
-                    Q_EMIT dataChanged(index(0, 0), index(rowCount({}) - 1, columnCount({}) - 1));
-            });
-    }
-
-    int rowCount(const QModelIndex &parent) const override
-    {
-        return parent.isValid() ? 0 : int(m_model.serviceOrder().size());
-    }
-    int columnCount(const QModelIndex &parent) const override
-    {
-        return parent.isValid() ? 0 : ServiceOrderLayout::columnCount;
-    }
-
-    QVariant data(const QModelIndex &index, int role) const override
-    {
-        if (!index.isValid())
-            return {};
-        const ServiceRecord &service = m_model.serviceOrder().at(index.row());
-        const auto column = Column(index.column());
-        if (column == Column::internet) {
-            if (role == Qt::CheckStateRole)
-                return m_model.internetServiceIDs().contains(service.serviceID) ? Qt::Checked
-                                                                                : Qt::Unchecked;
-            if (role == Qt::ToolTipRole)
-                return ServiceOrderTable::tickHelp;
-            return {};
-        }
-        if (role != Qt::DisplayRole)
-            return {};
-        switch (column) {
-        case Column::rank:
-            return QString::number(index.row() + 1);
-        case Column::service:
-            return service.name;
-        case Column::interface:
-            return service.interfaceBSD;
-        case Column::address:
-            return service.ip.summary();
-        default:
-            return {};
-        }
-    }
-
-    bool setData(const QModelIndex &index, const QVariant &value, int role) override
-    {
-        if (!index.isValid() || role != Qt::CheckStateRole || index.column() != Column::internet)
-            return false;
-        const ServiceRecord &service = m_model.serviceOrder().at(index.row());
-        const bool ticked = m_model.internetServiceIDs().contains(service.serviceID);
-        if ((value.value<Qt::CheckState>() == Qt::Checked) == ticked)
-            return false;
-        // A copy: the tick rebuilds the order it stands in.
-        const ServiceRecord ticking = service;
-        m_tick(ticking);
-        return true;
-    }
-
-    Qt::ItemFlags flags(const QModelIndex &index) const override
-    {
-        // Drops land between rows, never on one; a disabled service moves like any other.
-        if (!index.isValid())
-            return Qt::ItemIsDropEnabled;
-        Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
-        if (index.column() == Column::internet)
-            flags |= Qt::ItemIsUserCheckable;
-        return flags;
-    }
-
-    Qt::DropActions supportedDragActions() const override { return Qt::MoveAction; }
-    Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
-    QStringList mimeTypes() const override { return {ServiceOrderTable::offsetsType}; }
-
-    QMimeData *mimeData(const QModelIndexList &indexes) const override
-    {
-        std::set<qsizetype> rows;
-        for (const QModelIndex &index : indexes)
-            rows.insert(index.row());
-        QByteArray encoded;
-        QDataStream stream(&encoded, QIODevice::WriteOnly);
-        stream << QList<qsizetype>(rows.begin(), rows.end());
-        auto *data = new QMimeData;
-        data->setData(ServiceOrderTable::offsetsType, encoded);
-        return data;
-    }
-
-    bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int,
-                      const QModelIndex &parent) override
-    {
-        if (action != Qt::MoveAction || !data->hasFormat(ServiceOrderTable::offsetsType))
-            return false;
-        QList<qsizetype> sources;
-        QDataStream stream(data->data(ServiceOrderTable::offsetsType));
-        stream >> sources;
-        const qsizetype count = m_model.serviceOrder().size();
-        if (stream.status() != QDataStream::Ok || sources.isEmpty())
-            return false;
-        for (const qsizetype source : std::as_const(sources)) {
-            if (source < 0 || source >= count)
-                return false;
-        }
-        const qsizetype target = row >= 0 ? row : parent.isValid() ? parent.row() : count;
-        // Refused rather than taken: the view removes the rows of a drop it was told is a move.
-        if (!movesAnything(sources, target))
-            return false;
-        // The order is rebuilt by the model, which resets these rows: the view has nothing
-        // left to remove.
-        m_move(sources, target);
-        return true;
-    }
-
-private:
-    /// A run of rows dropped into its own place stays where it is.
-    static bool movesAnything(const QList<qsizetype> &sources, qsizetype target)
-    {
-        const qsizetype first = sources.first();
-        const qsizetype last = sources.last();
-        const bool run = last - first + 1 == sources.size();
-        return !run || target < first || target > last + 1;
-    }
-
-    AppModel &m_model;
-    ServiceOrderTable::Tick m_tick;
-    ServiceOrderTable::Move m_move;
-};
 
 /// A painted part of a cell: a text, the pill, the risk mark or the tick.
 struct Part
@@ -460,7 +310,7 @@ QString ServiceOrderTable::helpAt(const QPoint &point) const
     if (!index.isValid())
         return {};
     if (index.column() == ServiceOrderLayout::internet)
-        return tickHelp;
+        return ServiceOrderRows::tickHelp;
     for (const Part &part : m_cells->of(index, visualRect(index))) {
         if (part.kind == Part::mark && part.rect.adjusted(-2, -4, 2, 4).contains(point))
             return riskHelp;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "OrvaneApp/surfaces/ServiceOrderLayout.h"
+#include "OrvaneApp/surfaces/ServiceOrderRows.h"
 #include "OrvaneApp/surfaces/kit/RenderTextReport.h"
 
 #include <QTableView>
 
-#include <functional>
 #include <memory>
 
 class AppModel;
@@ -20,15 +20,10 @@ class ServiceOrderTable : public QTableView, public RenderTextReport
     Q_OBJECT
 
 public:
-    /// The mime type of a drag of rows: their offsets, in list order.
-    static const QString offsetsType;
-    static const QString tickHelp;
     static const QString riskHelp;
 
-    using Tick = std::function<void(const VLANKit::ServiceRecord &service)>;
-    /// Offsets of the rows that move, and the offset they land before, both in the list as it
-    /// stands before the move.
-    using Move = std::function<void(const QList<qsizetype> &sources, qsizetype target)>;
+    using Tick = ServiceOrderRows::Tick;
+    using Move = ServiceOrderRows::Move;
 
     ServiceOrderTable(AppModel &model, Tick tick, Move move, QWidget *parent = nullptr);
     ~ServiceOrderTable() override;

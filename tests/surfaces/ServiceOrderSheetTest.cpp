@@ -3,12 +3,14 @@
 #include "OrvaneApp/model/Theme.h"
 #include "OrvaneApp/surfaces/ContentView.h"
 #include "OrvaneApp/surfaces/OrderConfirmation.h"
+#include "OrvaneApp/surfaces/ServiceOrderRows.h"
 #include "OrvaneApp/surfaces/ServiceOrderTable.h"
 #include "OrvaneApp/surfaces/kit/Popover.h"
 #include "OrvaneApp/surfaces/kit/TextControlWalk.h"
 #include "tests/model/ModelTestSupport.h"
 
 #include <QApplication>
+#include <QDataStream>
 #include <QDropEvent>
 #include <QFontMetricsF>
 #include <QItemSelectionModel>
@@ -342,6 +344,33 @@ TEST_F(OrderSheet, ARowDroppedWhereItStandsWritesNothing)
     drag({3, 4}, 5);
     clock->advance(1s);
     EXPECT_EQ(preferencesBytes(), file);
+}
+
+TEST_F(OrderSheet, ADropOfOffsetsNotInTheListIsRefused)
+{
+    open();
+    const QByteArray file = preferencesBytes();
+    const auto carrying = [](const QList<qsizetype> &offsets) {
+        QByteArray encoded;
+        QDataStream stream(&encoded, QIODevice::WriteOnly);
+        stream << offsets;
+        auto data = std::make_unique<QMimeData>();
+        data->setData(ServiceOrderRows::offsetsType, encoded);
+        return data;
+    };
+    QAbstractItemModel &rows = *table().model();
+    EXPECT_FALSE(rows.dropMimeData(carrying({99}).get(), Qt::MoveAction, 0, 0, {}));
+    EXPECT_FALSE(rows.dropMimeData(carrying({4, 2}).get(), Qt::MoveAction, 0, 0, {}));
+    EXPECT_FALSE(rows.dropMimeData(carrying({}).get(), Qt::MoveAction, 0, 0, {}));
+    EXPECT_FALSE(rows.dropMimeData(carrying({3}).get(), Qt::CopyAction, 0, 0, {}));
+    QMimeData words;
+    words.setText(u"3"_s);
+    EXPECT_FALSE(rows.dropMimeData(&words, Qt::MoveAction, 0, 0, {}));
+    clock->advance(1s);
+    EXPECT_EQ(preferencesBytes(), file);
+    EXPECT_TRUE(rows.dropMimeData(carrying({3}).get(), Qt::MoveAction, 0, 0, {}));
+    clock->advance(1s);
+    EXPECT_NE(preferencesBytes(), file);
 }
 
 TEST_F(OrderSheet, ADisabledServiceIsDrawnAtHalfStrengthAndStillDrags)
