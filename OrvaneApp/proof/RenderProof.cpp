@@ -13,6 +13,7 @@
 #include "OrvaneApp/surfaces/OrderConfirmation.h"
 #include "OrvaneApp/surfaces/RenameLocationSheet.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
+#include "OrvaneApp/surfaces/ServiceOrderSheet.h"
 #include "OrvaneApp/surfaces/kit/Pulse.h"
 #include "OrvaneApp/surfaces/kit/TextControlWalk.h"
 
@@ -203,6 +204,11 @@ QWidget *RenderProof::build(AppModel &model)
         const BuildResult result{.succeeded = !m_request.failed,
                                  .message = m_request.message.value_or(sampleResult)};
         auto *sheet = new ResultSheet(result, [] {});
+        sizeToItsLayout(*sheet);
+        return sheet;
+    }
+    case Surface::order: {
+        auto *sheet = new ServiceOrderSheet(model);
         sizeToItsLayout(*sheet);
         return sheet;
     }

@@ -13,6 +13,7 @@
 #include "OrvaneApp/surfaces/RenameAdapterSheet.h"
 #include "OrvaneApp/surfaces/RenameLocationSheet.h"
 #include "OrvaneApp/surfaces/ResultSheet.h"
+#include "OrvaneApp/surfaces/ServiceOrderSheet.h"
 #include "OrvaneApp/surfaces/kit/ConfirmParts.h"
 #include "OrvaneApp/surfaces/kit/Help.h"
 #include "OrvaneApp/surfaces/kit/Roles.h"
@@ -110,6 +111,8 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
           [this](QWidget *window) -> QDialog * {
               return new RenameAdapterSheet(m_model, *m_model.renamingAdapter(), window);
           }},
+         {[this] { return m_model.showingServiceOrder(); },
+          [this](QWidget *window) -> QDialog * { return new ServiceOrderSheet(m_model, window); }},
          {[this] { return m_model.result().has_value(); },
           [this](QWidget *window) -> QDialog * {
               return new ResultSheet(
@@ -126,7 +129,7 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
           &AppModel::existingChanged, &AppModel::draftsChanged, &AppModel::pendingPlanChanged,
           &AppModel::resultChanged, &AppModel::switchingToChanged,
           &AppModel::creatingLocationChanged, &AppModel::renamingLocationChanged,
-          &AppModel::renamingAdapterChanged})
+          &AppModel::renamingAdapterChanged, &AppModel::showingServiceOrderChanged})
         connect(&m_model, signal, this, &ContentView::showModel);
     connect(&m_model, &AppModel::draftEdited, this, &ContentView::showModel);
     showModel();

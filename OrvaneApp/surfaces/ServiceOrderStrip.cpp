@@ -2,23 +2,16 @@
 
 #include "OrvaneApp/model/AppModel.h"
 #include "OrvaneApp/model/Theme.h"
-#include "OrvaneApp/surfaces/OrderConfirmation.h"
+#include "OrvaneApp/surfaces/RecommendedOrderQuestion.h"
 #include "OrvaneApp/surfaces/kit/Help.h"
 #include "OrvaneApp/surfaces/kit/Roles.h"
 #include "OrvaneApp/surfaces/kit/Symbols.h"
-#include "OrvaneApp/surfaces/kit/WaitCursor.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString recommendedHelp = u"Internet first, then the adapters, then the closed VLANs"_s;
-
-} // namespace
 
 ServiceOrderBadge::ServiceOrderBadge(QWidget *parent)
     : QWidget(parent)
@@ -76,8 +69,8 @@ ServiceOrderStrip::ServiceOrderStrip(AppModel &model, QWidget *parent)
     m_badge = new ServiceOrderBadge(this);
     m_recommended = new QPushButton(u"Apply recommended order\u2026"_s, this);
     m_recommended->setAutoDefault(false);
-    setHelp(m_recommended, recommendedHelp);
-    connect(m_recommended, &QPushButton::clicked, this, &ServiceOrderStrip::confirmRecommended);
+    setHelp(m_recommended, RecommendedOrderQuestion::help);
+    m_question = new RecommendedOrderQuestion(m_model, *m_recommended);
     layout->addWidget(m_order);
     layout->addWidget(m_badge, 1);
     layout->addWidget(m_recommended);
@@ -96,24 +89,5 @@ void ServiceOrderStrip::showModel()
     m_badge->showLine(m_model.rankingLine());
     const bool needsFixing = m_model.orderNeedsFixing();
     m_recommended->setVisible(needsFixing);
-    if (!needsFixing && m_confirmation) {
-        m_confirmingRecommended = false;
-        m_confirmation->dismissQuietly();
-    }
-}
-
-void ServiceOrderStrip::confirmRecommended()
-{
-    if (m_confirmation)
-        return;
-    m_confirmingRecommended = true;
-    m_confirmation = new OrderConfirmation(
-        m_recommended, m_model.recommendedOrderLines(),
-        [this] {
-            m_confirmingRecommended = false;
-            const WaitCursor busy;
-            m_model.applyRecommendedOrder();
-        },
-        [this] { m_confirmingRecommended = false; });
-    m_confirmation->present();
+    m_question->follow(needsFixing);
 }

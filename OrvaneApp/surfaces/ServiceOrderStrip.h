@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QPointer>
+#include "OrvaneApp/surfaces/RecommendedOrderQuestion.h"
+
 #include <QWidget>
 
 class AppModel;
-class Popover;
 class QLabel;
 class QPushButton;
 struct RankingLine;
@@ -38,19 +38,17 @@ class ServiceOrderStrip : public QWidget
 public:
     explicit ServiceOrderStrip(AppModel &model, QWidget *parent = nullptr);
 
-    [[nodiscard]] bool confirmingRecommended() const { return m_confirmingRecommended; }
+    [[nodiscard]] bool confirmingRecommended() const { return m_question->asking(); }
     [[nodiscard]] QPushButton *orderButton() const { return m_order; }
     [[nodiscard]] QPushButton *recommendedButton() const { return m_recommended; }
     [[nodiscard]] ServiceOrderBadge *badge() const { return m_badge; }
 
 private:
     void showModel();
-    void confirmRecommended();
 
     AppModel &m_model;
     QPushButton *m_order = nullptr;
     ServiceOrderBadge *m_badge = nullptr;
     QPushButton *m_recommended = nullptr;
-    bool m_confirmingRecommended = false;
-    QPointer<Popover> m_confirmation;
+    RecommendedOrderQuestion *m_question = nullptr;
 };

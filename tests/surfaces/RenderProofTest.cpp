@@ -1,5 +1,7 @@
 // The picture maker as a person runs it: the real executable over a copy of the show machine,
 // with the user's configuration and data pointed at temporary folders.
+#include "OrvaneApp/surfaces/HelpView.h"
+#include "OrvaneApp/surfaces/ServiceOrderLayout.h"
 #include "VLANKit/Platform.h"
 #include "VLANKit/core/TextRules.h"
 #include "VLANKit/project/ProfileIO.h"
@@ -118,14 +120,35 @@ TEST_F(RenderProofRun, TwiceTheScaleGivesTheSameLinesAndTwiceThePixels)
     EXPECT_EQ(QImage(picture(u"2.png"_s)).width(), 2 * QImage(picture(u"1.png"_s)).width());
 }
 
-TEST_F(RenderProofRun, TheHelpWindowIsDrawnAt620By900WithItsHead)
+TEST_F(RenderProofRun, TheHelpWindowIsDrawnAt620By900WithItsHeadAndSections)
 {
-    const QString out = picture(u"help.png"_s);
-    const ProofRun run = orvane({u"--render"_s, u"help"_s, out});
-    ASSERT_EQ(run.status, 0) << run.err.toStdString();
-    EXPECT_EQ(run.lines.last(), u"render: 3 text fields, 0 pop-ups, 0 cut short, 0 at the edge"_s);
-    const QImage image(out);
-    EXPECT_EQ(image.size(), QSize(620, 900));
+    // The head's three lines; each section's title, and a bullet and a text a paragraph.
+    int fields = 3;
+    for (const HelpView::Section &section : HelpView::sections())
+        fields += 1 + 2 * int(section.paragraphs.size());
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        const QString out = picture(u"help-"_s + appearance + u".png"_s);
+        const ProofRun run = orvane({u"--render"_s, u"help"_s, out, u"--appearance"_s, appearance});
+        ASSERT_EQ(run.status, 0) << run.err.toStdString();
+        EXPECT_EQ(run.lines.last(),
+                  u"render: %1 text fields, 0 pop-ups, 0 cut short, 0 at the edge"_s.arg(fields));
+        EXPECT_EQ(QImage(out).size(), QSize(620, 900));
+    }
+}
+
+TEST_F(RenderProofRun, TheServiceOrderSheetIsDrawnAtItsMeasuredWidth)
+{
+    const ServiceOrderLayout layout = ServiceOrderLayout::measuring(
+        VLANKit::VLANStore(VLANKit::Platform::overFolder(machine)).services());
+    for (const QString &appearance : {u"dark"_s, u"light"_s}) {
+        const QString out = picture(u"order-"_s + appearance + u".png"_s);
+        const ProofRun run =
+            orvane({u"--render"_s, u"order"_s, out, u"--appearance"_s, appearance});
+        ASSERT_EQ(run.status, 0) << run.lines.join(u'\n').toStdString();
+        EXPECT_TRUE(run.lines.last().endsWith(u" 0 pop-ups, 0 cut short, 0 at the edge"_s))
+            << run.lines.join(u'\n').toStdString();
+        EXPECT_EQ(QImage(out).width(), layout.sheetWidth());
+    }
 }
 
 TEST_F(RenderProofRun, TheRecommendedOrderIsDrawnAsItsQuestion)
@@ -161,9 +184,9 @@ TEST_F(RenderProofRun, AnUnreadableConfigurationFails)
 
 TEST_F(RenderProofRun, ASurfaceNotBuiltYetSaysSo)
 {
-    const ProofRun run = orvane({u"--render"_s, u"order"_s, picture(u"out.png"_s)});
+    const ProofRun run = orvane({u"--render"_s, u"import"_s, picture(u"out.png"_s)});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.lines, QStringList{u"render: order is not built yet"_s});
+    EXPECT_EQ(run.lines, QStringList{u"render: import is not built yet"_s});
 }
 
 // "--no-care" stands anywhere, and "--render" wins over "--drive-proof".
