@@ -271,11 +271,8 @@ QWidget *RenderProof::build(AppModel &model)
         help->resize(helpSize);
         return help;
     }
-    default:
-        (void)model;
-        say(u"render: "_s + RenderRequest::word(m_request.surface) + u" is not built yet"_s);
-        return nullptr;
     }
+    return nullptr;
 }
 
 std::shared_ptr<ServiceEdit> RenderProof::moreRow(const AppModel &model) const

@@ -103,16 +103,20 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
           }},
          {[this] { return m_model.creatingLocation(); },
           [this](QWidget *window) -> QDialog * { return new NewLocationSheet(m_model, window); }},
+         {[this] { return m_model.showingServiceOrder(); },
+          [this](QWidget *window) -> QDialog * { return new ServiceOrderSheet(m_model, window); }},
          {[this] { return m_model.renamingLocation(); },
           [this](QWidget *window) -> QDialog * {
               return new RenameLocationSheet(m_model, window);
+          }},
+         {[this] { return m_model.pendingImport().has_value(); },
+          [this](QWidget *window) -> QDialog * {
+              return new ImportProfileSheet(m_model, *m_model.pendingImport(), window);
           }},
          {[this] { return m_model.renamingAdapter().has_value(); },
           [this](QWidget *window) -> QDialog * {
               return new RenameAdapterSheet(m_model, *m_model.renamingAdapter(), window);
           }},
-         {[this] { return m_model.showingServiceOrder(); },
-          [this](QWidget *window) -> QDialog * { return new ServiceOrderSheet(m_model, window); }},
          {[this] { return m_model.result().has_value(); },
           [this](QWidget *window) -> QDialog * {
               return new ResultSheet(
@@ -129,7 +133,8 @@ ContentView::ContentView(AppModel &model, VLANKit::Defaults defaults, bool isPic
           &AppModel::existingChanged, &AppModel::draftsChanged, &AppModel::pendingPlanChanged,
           &AppModel::resultChanged, &AppModel::switchingToChanged,
           &AppModel::creatingLocationChanged, &AppModel::renamingLocationChanged,
-          &AppModel::renamingAdapterChanged, &AppModel::showingServiceOrderChanged})
+          &AppModel::renamingAdapterChanged, &AppModel::showingServiceOrderChanged,
+          &AppModel::pendingImportChanged})
         connect(&m_model, signal, this, &ContentView::showModel);
     connect(&m_model, &AppModel::draftEdited, this, &ContentView::showModel);
     showModel();

@@ -1,10 +1,16 @@
 #include "OrvaneApp/surfaces/ContentView.h"
 
 #include "OrvaneApp/model/AppModel.h"
+#include "OrvaneApp/surfaces/ImportProfileSheet.h"
 #include "OrvaneApp/surfaces/LocationConfirmation.h"
 #include "OrvaneApp/surfaces/LocationPopUp.h"
+#include "OrvaneApp/surfaces/NewLocationSheet.h"
+#include "OrvaneApp/surfaces/RenameAdapterSheet.h"
+#include "OrvaneApp/surfaces/RenameLocationSheet.h"
+#include "OrvaneApp/surfaces/ServiceOrderSheet.h"
 #include "tests/support/StoreTestSupport.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
@@ -171,6 +177,52 @@ TEST_F(Content, ChoosingAnotherLocationAsksAndEscapeDropsTheQuestion)
     ASSERT_TRUE(question);
     QTest::keyClick(question, Qt::Key_Escape);
     EXPECT_EQ(model->switchingTo(), std::nullopt);
+}
+
+} // namespace
+
+namespace {
+
+/// The sheet of this type on show over the window, if any.
+template <typename Sheet>
+Sheet *shownSheet()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (auto *sheet = qobject_cast<Sheet *>(window); sheet && sheet->isVisible())
+            return sheet;
+    }
+    return nullptr;
+}
+
+TEST_F(Content, EachFlagOfTheModelRaisesItsSheetAndClosingItClearsTheFlag)
+{
+    open();
+    model->beginCreatingLocation();
+    ASSERT_TRUE(shownSheet<NewLocationSheet>());
+    shownSheet<NewLocationSheet>()->reject();
+    EXPECT_FALSE(model->creatingLocation());
+
+    model->beginRenamingLocation();
+    ASSERT_TRUE(shownSheet<RenameLocationSheet>());
+    shownSheet<RenameLocationSheet>()->reject();
+    EXPECT_FALSE(model->renamingLocation());
+
+    model->setRenamingAdapter(u"en5"_s);
+    ASSERT_TRUE(shownSheet<RenameAdapterSheet>());
+    shownSheet<RenameAdapterSheet>()->reject();
+    EXPECT_FALSE(model->renamingAdapter());
+
+    model->setShowingServiceOrder(true);
+    ASSERT_TRUE(shownSheet<ServiceOrderSheet>());
+    shownSheet<ServiceOrderSheet>()->reject();
+    EXPECT_FALSE(model->showingServiceOrder());
+
+    VLANKit::Profile profile;
+    profile.name = u"tour"_s;
+    model->setPendingImport(profile);
+    ASSERT_TRUE(shownSheet<ImportProfileSheet>());
+    shownSheet<ImportProfileSheet>()->reject();
+    EXPECT_FALSE(model->pendingImport());
 }
 
 } // namespace

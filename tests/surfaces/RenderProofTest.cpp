@@ -182,13 +182,6 @@ TEST_F(RenderProofRun, AnUnreadableConfigurationFails)
         run.lines.first().startsWith(u"render: could not read the configuration \u2014 "_s));
 }
 
-TEST_F(RenderProofRun, ASurfaceNotBuiltYetSaysSo)
-{
-    const ProofRun run = orvane({u"--render"_s, u"import"_s, picture(u"out.png"_s)});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.lines, QStringList{u"render: import is not built yet"_s});
-}
-
 // "--no-care" stands anywhere, and "--render" wins over "--drive-proof".
 TEST_F(RenderProofRun, TheCurrentTabIsDrawnWithTheBarAndNothingAtTheEdge)
 {
