@@ -5,8 +5,11 @@
 #include <QVariantList>
 #include <QVariantMap>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <string>
+#include <string_view>
 
 namespace VLANKit::PropertyListXmlWriter {
 
@@ -24,10 +27,12 @@ int dataBytesPerLine(int indent)
     return ((76 - indent * 8) / 4) * 3;
 }
 
+// Appends to a std::string: QByteArray's append goes through its general insert, which costs
+// more than the characters it copies when most appends are a tag or a short name.
 class Writer
 {
 public:
-    QByteArray bytes;
+    std::string bytes;
 
     bool value(const QVariant &value, int depth)
     {
@@ -70,21 +75,25 @@ public:
     }
 
 private:
-    void indent(int depth) { bytes.append(depth, '\t'); }
+    void indent(int depth) { bytes.append(static_cast<size_t>(depth), '\t'); }
 
-    void element(const char *tag, QByteArrayView content, int depth)
+    void open(const char *tag) { bytes.append(1, '<').append(tag).append(1, '>'); }
+    void close(const char *tag) { bytes.append("</").append(tag).append(">\n"); }
+
+    void element(const char *tag, std::string_view content, int depth)
     {
         indent(depth);
-        bytes.append('<').append(tag).append('>');
+        open(tag);
         bytes.append(content);
-        bytes.append("</").append(tag).append(">\n");
+        close(tag);
     }
 
     void integer(qint64 number, int depth)
     {
         char digits[24];
         const auto written = std::to_chars(digits, digits + sizeof digits, number);
-        element("integer", QByteArrayView(digits, written.ptr - digits), depth);
+        element("integer", std::string_view(digits, static_cast<size_t>(written.ptr - digits)),
+                depth);
     }
 
     // The shortest form that reads back exactly, as printf's "%.17g" gives it, whatever the
@@ -100,7 +109,7 @@ private:
         char digits[40];
         const auto written =
             std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 17);
-        element("real", QByteArrayView(digits, written.ptr - digits), depth);
+        element("real", std::string_view(digits, static_cast<size_t>(written.ptr - digits)), depth);
     }
 
     // libplist keeps whole seconds, cut toward the property-list epoch.
@@ -109,7 +118,7 @@ private:
         const qint64 sinceEpoch = when.toMSecsSinceEpoch() - plistEpochOffset * 1000;
         const qint64 seconds = sinceEpoch / 1000 + plistEpochOffset;
         const QDateTime whole = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
-        element("date", whole.toString(Qt::ISODate).toLatin1(), depth);
+        element("date", whole.toString(Qt::ISODate).toStdString(), depth);
     }
 
     bool text(const char *tag, const QString &content, int depth)
@@ -117,34 +126,54 @@ private:
         if (content.contains(QChar(0)))
             return false;
         indent(depth);
-        bytes.append('<').append(tag).append('>');
-        appendEscaped(content.toUtf8());
-        bytes.append("</").append(tag).append(">\n");
+        open(tag);
+        if (isAscii(content))
+            appendEscaped(content);
+        else
+            appendEscaped(content.toUtf8());
+        close(tag);
         return true;
+    }
+
+    static bool isAscii(QStringView text)
+    {
+        return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+    }
+
+    static const char *entity(char c)
+    {
+        switch (c) {
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '&':
+            return "&amp;";
+        default:
+            return nullptr;
+        }
+    }
+
+    // Names, identifiers and addresses are ASCII: they go byte by byte, without a UTF-8 copy.
+    void appendEscaped(const QString &ascii)
+    {
+        for (const QChar c : ascii) {
+            const char byte = static_cast<char>(c.unicode());
+            if (const char *replacement = entity(byte))
+                bytes.append(replacement);
+            else
+                bytes.push_back(byte);
+        }
     }
 
     void appendEscaped(const QByteArray &utf8)
     {
-        qsizetype start = 0;
-        for (qsizetype at = 0; at < utf8.size(); ++at) {
-            const char *entity = nullptr;
-            switch (utf8[at]) {
-            case '<':
-                entity = "&lt;";
-                break;
-            case '>':
-                entity = "&gt;";
-                break;
-            case '&':
-                entity = "&amp;";
-                break;
-            default:
-                continue;
-            }
-            bytes.append(utf8.constData() + start, at - start).append(entity);
-            start = at + 1;
+        for (const char byte : utf8) {
+            if (const char *replacement = entity(byte))
+                bytes.append(replacement);
+            else
+                bytes.push_back(byte);
         }
-        bytes.append(utf8.constData() + start, utf8.size() - start);
     }
 
     void data(const QByteArray &content, int depth)
@@ -155,8 +184,9 @@ private:
         const qsizetype perLine = dataBytesPerLine(lineIndent);
         for (qsizetype at = 0; at < content.size(); at += perLine) {
             indent(lineIndent);
-            bytes.append(content.sliced(at, std::min(perLine, content.size() - at)).toBase64());
-            bytes.append('\n');
+            const QByteArray line =
+                content.sliced(at, std::min(perLine, content.size() - at)).toBase64();
+            bytes.append(line.constData(), static_cast<size_t>(line.size())).push_back('\n');
         }
         indent(depth);
         bytes.append("</data>\n");
@@ -167,14 +197,15 @@ private:
     {
         indent(depth);
         if (items.isEmpty()) {
-            bytes.append('<').append(tag).append("/>\n");
+            bytes.append(1, '<').append(tag).append("/>\n");
             return true;
         }
-        bytes.append('<').append(tag).append(">\n");
+        open(tag);
+        bytes.push_back('\n');
         if (!each())
             return false;
         indent(depth);
-        bytes.append("</").append(tag).append(">\n");
+        close(tag);
         return true;
     }
 
@@ -225,7 +256,7 @@ std::optional<QByteArray> write(const QVariant &value)
     if (!writer.value(value, 0))
         return std::nullopt;
     writer.bytes.append(epilog);
-    return std::move(writer.bytes);
+    return QByteArray(writer.bytes.data(), static_cast<qsizetype>(writer.bytes.size()));
 }
 
 } // namespace VLANKit::PropertyListXmlWriter
