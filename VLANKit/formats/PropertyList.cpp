@@ -158,6 +158,18 @@ std::optional<QVariant> parsePropertyList(const QByteArray &data, PropertyListLi
     return value;
 }
 
+std::optional<QVariant> parsePropertyList(QIODevice &device, PropertyListLimits limits,
+                                          QString *why)
+{
+    const qint64 left = device.size() - device.pos();
+    if (!device.isSequential() && left > limits.maxBytes) {
+        if (why)
+            *why = FileProblem::tooLarge(left, u"property list"_s);
+        return std::nullopt;
+    }
+    return parsePropertyList(device.read(limits.maxBytes + 1), limits, why);
+}
+
 std::optional<QByteArray> xmlPropertyList(const QVariant &value)
 {
     return PropertyListXmlWriter::write(value);

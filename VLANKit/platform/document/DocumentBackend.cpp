@@ -26,7 +26,7 @@ std::optional<QVariant> readPropertyListFile(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    return parsePropertyList(file.readAll());
+    return parsePropertyList(file);
 }
 
 } // namespace
