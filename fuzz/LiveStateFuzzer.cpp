@@ -3,6 +3,8 @@
 #include "VLANKit/machine/LiveState.h"
 #include "fuzz/FuzzInput.h"
 
+#include <algorithm>
+
 using namespace VLANKit;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
@@ -13,7 +15,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const LiveState state = LiveState::parsing(answer->toMap());
     FuzzInput::require(state.ipv4.size() <= answer->toMap().size(),
                        "no more services than the answer has keys");
-    for (const LiveState::Address &address : state.ipv4)
-        FuzzInput::require(!address.address.isEmpty(), "a live service has an address");
+    const QStringList keys = answer->toMap().keys();
+    for (const QString &serviceID : state.ipv4.keys()) {
+        FuzzInput::require(std::any_of(keys.begin(), keys.end(),
+                                       [&](const QString &key) { return key.contains(serviceID); }),
+                           "every live service is named by a key of the answer");
+    }
     return 0;
 }

@@ -10,6 +10,7 @@
 
 #include <plist/plist.h>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -91,6 +92,9 @@ QVariant toVariant(plist_t node)
         int32_t seconds = 0;
         int32_t microseconds = 0;
         plist_get_date_val(node, &seconds, &microseconds);
+        // libplist keeps whole seconds in 32 bits; far outside that range the fraction it gives
+        // is garbage, which would carry the date further than any file can say.
+        microseconds = std::clamp(microseconds, -999999, 999999);
         const qint64 ms = (plistEpochOffset + seconds) * 1000 + microseconds / 1000;
         return QVariant(QDateTime::fromMSecsSinceEpoch(ms, Qt::UTC));
     }

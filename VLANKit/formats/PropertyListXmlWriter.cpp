@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -112,11 +113,14 @@ private:
         element("real", std::string_view(digits, static_cast<size_t>(written.ptr - digits)), depth);
     }
 
-    // libplist keeps whole seconds, cut toward the property-list epoch.
+    // libplist keeps whole seconds, cut toward the property-list epoch, in 32 bits: a date
+    // beyond them stops at their end, so that what is written reads back the same.
     void date(const QDateTime &when, int depth)
     {
-        const qint64 sinceEpoch = when.toMSecsSinceEpoch() - plistEpochOffset * 1000;
-        const qint64 seconds = sinceEpoch / 1000 + plistEpochOffset;
+        const qint64 sinceEpoch = std::clamp<qint64>(
+            (when.toMSecsSinceEpoch() - plistEpochOffset * 1000) / 1000,
+            std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max());
+        const qint64 seconds = sinceEpoch + plistEpochOffset;
         const QDateTime whole = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
         element("date", whole.toString(Qt::ISODate).toStdString(), depth);
     }
