@@ -7,6 +7,7 @@
 #include "tests/store/StoreTestSupport.h"
 #include "tests/support/KilledChild_linux.h"
 #include "tests/support/RefreshReads.h"
+#include "tests/support/SyntheticMachine.h"
 
 #include <QDir>
 #include <QFile>
@@ -86,12 +87,16 @@ class KilledCommit : public StoreTest
 protected:
     void SetUp() override
     {
-        openSynthetic(vlanCount);
+        folder = inMemory.filePath(u"machine"_s);
+        writeSyntheticMachine(folder, vlanCount);
+        platform = Platform::overFolder(folder);
         // A thousand children each read and commit a document of hundreds of VLANs: checking
         // every kept table at each use would make that hours. The fuzz target of a document
         // folder runs the readers with the check on.
         VLANStore::setVerifyingTables(false);
     }
+
+    TemporaryFolder inMemory{TemporaryFolder::Medium::memory};
 
     QStringList temporaries() const
     {

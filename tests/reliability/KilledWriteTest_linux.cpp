@@ -62,7 +62,7 @@ protected:
         std::printf("%d kills, %d during a write, %d versions\n", killed, killedMidWrite, version);
     }
 
-    TemporaryFolder temporary;
+    TemporaryFolder temporary{TemporaryFolder::Medium::memory};
 };
 
 Profile projectOfVersion(int version)
