@@ -102,8 +102,14 @@ QVariant toVariant(plist_t node)
         QVariantList list;
         const uint32_t count = plist_array_get_size(node);
         list.reserve(count);
-        for (uint32_t i = 0; i < count; ++i)
-            list.append(toVariant(plist_array_get_item(node, i)));
+        for (uint32_t i = 0; i < count; ++i) {
+            QVariant item = toVariant(plist_array_get_item(node, i));
+            // A kind no settings file holds (a keyed archive's UID, say) makes the whole list
+            // unreadable: read as absent, it would be lost at the next write.
+            if (!item.isValid())
+                return {};
+            list.append(std::move(item));
+        }
         return QVariant(list);
     }
     case PLIST_DICT: {
@@ -116,8 +122,13 @@ QVariant toVariant(plist_t node)
             plist_dict_next_item(node, iter, &key, &value);
             if (!key)
                 break;
-            map.insert(QString::fromUtf8(key), toVariant(value));
+            QVariant item = toVariant(value);
+            map.insert(QString::fromUtf8(key), item);
             free(key);
+            if (!item.isValid()) {
+                free(iter);
+                return {};
+            }
         }
         free(iter);
         return QVariant(map);
@@ -158,7 +169,8 @@ std::optional<QVariant> parsePropertyList(const QByteArray &data, PropertyListLi
     PlistPtr owner(root);
     QVariant value = toVariant(root);
     if (!value.isValid())
-        return std::nullopt;
+        return refuse(
+            u"it holds a value that is no text, number, date, data, list or dictionary"_s);
     return value;
 }
 

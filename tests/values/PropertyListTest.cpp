@@ -222,3 +222,18 @@ TEST(PropertyList, AFarBinaryDateReadsBackTheSameOnceWritten)
 }
 
 } // namespace
+
+namespace {
+
+// Found by fuzzing: a binary list holding a value of a kind no settings file holds read with
+// that value absent, and so could not be written back: it is refused whole instead.
+TEST(PropertyList, AValueOfAnUnknownKindIsRefusedWithASentence)
+{
+    const QByteArray odd = fuzzRegression(u"PropertyList/ValueOfAnUnknownKind"_s);
+    ASSERT_FALSE(odd.isEmpty());
+    QString why;
+    EXPECT_FALSE(parsePropertyList(odd, {}, &why));
+    EXPECT_EQ(why, u"it holds a value that is no text, number, date, data, list or dictionary"_s);
+}
+
+} // namespace
