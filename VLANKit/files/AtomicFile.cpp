@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -50,6 +51,27 @@ bool writeAll(int fd, const QByteArray &bytes)
     return true;
 }
 
+// A new temporary file, locked for as long as it is written: the lock tells a live write from
+// what a killed one left. A cleaner may take the file in the moment before the lock; then it
+// is made anew.
+int lockedTemporary(QByteArray &name)
+{
+    const QByteArray pattern = name;
+    for (int attempt = 0; attempt < 8; ++attempt) {
+        name = pattern;
+        const int fd = ::mkstemp(name.data());
+        if (fd < 0)
+            return -1;
+        struct stat made
+        {};
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0 && ::fstat(fd, &made) == 0 && made.st_nlink > 0)
+            return fd;
+        ::close(fd);
+    }
+    errno = EAGAIN;
+    return -1;
+}
+
 } // namespace
 
 bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *errorText,
@@ -68,9 +90,11 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
     {};
     const bool hadFile = ::stat(target.constData(), &existing) == 0;
 
-    const int fd = ::mkstemp(temporary.data());
+    const int fd = lockedTemporary(temporary);
     if (fd < 0)
         return fail(errno);
+    // What killed writers left behind goes now; this write's own file is locked, and stays.
+    removeLeftoverTemporaries(path);
     const auto abandon = [&](int code) {
         ::close(fd);
         ::unlink(temporary.constData());
@@ -83,16 +107,21 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
         return abandon(errno);
     if (const int code = flushToDisk(fd); code != 0)
         return abandon(code);
+    // A second descriptor keeps the lock on the temporary file until it has its final name.
+    const int lockFd = ::dup(fd);
     if (::close(fd) != 0) {
         const int code = errno;
         ::unlink(temporary.constData());
+        ::close(lockFd);
         return fail(code);
     }
     if (::rename(temporary.constData(), target.constData()) != 0) {
         const int code = errno;
         ::unlink(temporary.constData());
+        ::close(lockFd);
         return fail(code);
     }
+    ::close(lockFd);
     // The rename itself lives in the folder: flush it too, or a crash may bring back the old name.
     const int folderFd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folderFd >= 0) {
@@ -110,8 +139,16 @@ void removeLeftoverTemporaries(const QString &path)
     const QStringList names =
         folder.entryList({prefix + u'*'}, QDir::Files | QDir::Hidden | QDir::System);
     for (const QString &name : names) {
-        if (name.size() == prefix.size() + temporaryRandomLength)
-            (void)folder.remove(name);
+        if (name.size() != prefix.size() + temporaryRandomLength)
+            continue;
+        // A file whose lock can be had has no writer any more.
+        const QByteArray leftover = QFile::encodeName(folder.filePath(name));
+        const int fd = ::open(leftover.constData(), O_RDONLY | O_CLOEXEC);
+        if (fd < 0)
+            continue;
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0)
+            (void)::unlink(leftover.constData());
+        ::close(fd);
     }
 }
 

@@ -5,7 +5,7 @@
 
 /// Writing a whole file so that a crash at any moment leaves the old file or the new one,
 /// whole: a temporary file beside it, flushed to the disk, renamed over the old one, and the
-/// folder flushed after the rename.
+/// folder flushed after the rename. What a killed write leaves goes at the next write.
 namespace VLANKit {
 
 /// Writes the bytes to the path atomically. On failure the old file stays as it was, no
@@ -15,8 +15,8 @@ namespace VLANKit {
                                        QString *errorText = nullptr, int *errorCode = nullptr);
 
 /// Removes the temporary files that writes of `path` left behind when their process was killed
-/// before the rename ("<name>.new-" and six characters). Only for a caller that holds a lock
-/// which every writer of the file takes: otherwise it could remove a write in progress.
+/// before the rename ("<name>.new-" and six characters). A write in progress holds a lock on its
+/// temporary file and keeps it. Every write calls this, so none outlives the next write.
 void removeLeftoverTemporaries(const QString &path);
 
 /// Flushes a file's data to the disk itself (F_FULLFSYNC where the system has it).

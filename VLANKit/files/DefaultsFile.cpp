@@ -51,7 +51,7 @@ QVariantMap DefaultsFile::load() const
     }
     m_signature = FileSignature::ofDescriptor(static_cast<int>(file.handle()));
     ++m_parses;
-    const auto parsed = parsePropertyList(file.readAll());
+    const auto parsed = parsePropertyList(file);
     m_values = parsed ? anyMap(*parsed).value_or(QVariantMap()) : QVariantMap();
     return m_values;
 }

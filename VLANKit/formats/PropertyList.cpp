@@ -2,6 +2,7 @@
 
 #include "VLANKit/core/FileProblem.h"
 #include "VLANKit/formats/PropertyListStrings.h"
+#include "VLANKit/formats/PropertyListXmlWriter.h"
 
 #include <QDateTime>
 #include <QVariantList>
@@ -9,6 +10,7 @@
 
 #include <plist/plist.h>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -90,6 +92,9 @@ QVariant toVariant(plist_t node)
         int32_t seconds = 0;
         int32_t microseconds = 0;
         plist_get_date_val(node, &seconds, &microseconds);
+        // libplist keeps whole seconds in 32 bits; far outside that range the fraction it gives
+        // is garbage, which would carry the date further than any file can say.
+        microseconds = std::clamp(microseconds, -999999, 999999);
         const qint64 ms = (plistEpochOffset + seconds) * 1000 + microseconds / 1000;
         return QVariant(QDateTime::fromMSecsSinceEpoch(ms, Qt::UTC));
     }
@@ -97,8 +102,14 @@ QVariant toVariant(plist_t node)
         QVariantList list;
         const uint32_t count = plist_array_get_size(node);
         list.reserve(count);
-        for (uint32_t i = 0; i < count; ++i)
-            list.append(toVariant(plist_array_get_item(node, i)));
+        for (uint32_t i = 0; i < count; ++i) {
+            QVariant item = toVariant(plist_array_get_item(node, i));
+            // A kind no settings file holds (a keyed archive's UID, say) makes the whole list
+            // unreadable: read as absent, it would be lost at the next write.
+            if (!item.isValid())
+                return {};
+            list.append(std::move(item));
+        }
         return QVariant(list);
     }
     case PLIST_DICT: {
@@ -111,90 +122,19 @@ QVariant toVariant(plist_t node)
             plist_dict_next_item(node, iter, &key, &value);
             if (!key)
                 break;
-            map.insert(QString::fromUtf8(key), toVariant(value));
+            QVariant item = toVariant(value);
+            map.insert(QString::fromUtf8(key), item);
             free(key);
+            if (!item.isValid()) {
+                free(iter);
+                return {};
+            }
         }
         free(iter);
         return QVariant(map);
     }
     default:
         return {};
-    }
-}
-
-// libplist copies a text up to its first NUL: one that holds a NUL can't be written whole.
-plist_t newString(const QString &text)
-{
-    if (text.contains(QChar(0)))
-        return nullptr;
-    return plist_new_string(text.toUtf8().constData());
-}
-
-plist_t fromVariant(const QVariant &value)
-{
-    switch (value.metaType().id()) {
-    case QMetaType::Bool:
-        return plist_new_bool(value.toBool() ? 1 : 0);
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-    case QMetaType::UInt:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-        return plist_new_uint(static_cast<uint64_t>(value.toLongLong()));
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return plist_new_real(value.toDouble());
-    case QMetaType::QString:
-        return newString(value.toString());
-    case QMetaType::QByteArray: {
-        const QByteArray data = value.toByteArray();
-        return plist_new_data(data.constData(), static_cast<uint64_t>(data.size()));
-    }
-    case QMetaType::QDateTime: {
-        const qint64 ms = value.toDateTime().toMSecsSinceEpoch() - plistEpochOffset * 1000;
-        const qint64 seconds = ms >= 0 ? ms / 1000 : -((-ms + 999) / 1000);
-        return plist_new_date(static_cast<int32_t>(seconds),
-                              static_cast<int32_t>((ms - seconds * 1000) * 1000));
-    }
-    case QMetaType::QStringList: {
-        plist_t array = plist_new_array();
-        PlistPtr owner(array);
-        for (const QString &element : value.toStringList()) {
-            plist_t item = newString(element);
-            if (!item)
-                return nullptr;
-            plist_array_append_item(array, item);
-        }
-        return owner.release();
-    }
-    case QMetaType::QVariantList: {
-        PlistPtr array(plist_new_array());
-        for (const QVariant &element : value.toList()) {
-            plist_t item = fromVariant(element);
-            if (!item)
-                return nullptr;
-            plist_array_append_item(array.get(), item);
-        }
-        return array.release();
-    }
-    case QMetaType::QVariantMap: {
-        PlistPtr dict(plist_new_dict());
-        const QVariantMap map = value.toMap();
-        for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
-            if (it.key().contains(QChar(0)))
-                return nullptr;
-            plist_t item = fromVariant(it.value());
-            if (!item)
-                return nullptr;
-            plist_dict_set_item(dict.get(), it.key().toUtf8().constData(), item);
-        }
-        return dict.release();
-    }
-    default:
-        return nullptr;
     }
 }
 
@@ -229,23 +169,26 @@ std::optional<QVariant> parsePropertyList(const QByteArray &data, PropertyListLi
     PlistPtr owner(root);
     QVariant value = toVariant(root);
     if (!value.isValid())
-        return std::nullopt;
+        return refuse(
+            u"it holds a value that is no text, number, date, data, list or dictionary"_s);
     return value;
+}
+
+std::optional<QVariant> parsePropertyList(QIODevice &device, PropertyListLimits limits,
+                                          QString *why)
+{
+    const qint64 left = device.size() - device.pos();
+    if (!device.isSequential() && left > limits.maxBytes) {
+        if (why)
+            *why = FileProblem::tooLarge(left, u"property list"_s);
+        return std::nullopt;
+    }
+    return parsePropertyList(device.read(limits.maxBytes + 1), limits, why);
 }
 
 std::optional<QByteArray> xmlPropertyList(const QVariant &value)
 {
-    PlistPtr root(fromVariant(value));
-    if (!root)
-        return std::nullopt;
-    char *xml = nullptr;
-    uint32_t length = 0;
-    plist_to_xml(root.get(), &xml, &length);
-    if (!xml)
-        return std::nullopt;
-    QByteArray bytes(xml, static_cast<qsizetype>(length));
-    plist_to_xml_free(xml);
-    return bytes;
+    return PropertyListXmlWriter::write(value);
 }
 
 } // namespace VLANKit

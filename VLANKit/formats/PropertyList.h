@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QIODevice>
 #include <QString>
 #include <QVariant>
 
@@ -25,6 +26,11 @@ struct PropertyListLimits
 /// sentence about the file ("it holds a NUL character inside a text").
 [[nodiscard]] std::optional<QVariant>
 parsePropertyList(const QByteArray &data, PropertyListLimits limits = {}, QString *why = nullptr);
+
+/// Parses the rest of an open file or device; one larger than the limit is refused by its size,
+/// before a byte of it is read, so that a huge file costs no memory.
+[[nodiscard]] std::optional<QVariant>
+parsePropertyList(QIODevice &device, PropertyListLimits limits = {}, QString *why = nullptr);
 
 /// The value as an XML property list, with tab indentation as the system writes it.
 /// Absent when the value holds something no property list can (a null, an unknown type, a

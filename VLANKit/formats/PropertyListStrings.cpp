@@ -71,8 +71,12 @@ bool binaryHoldsNul(QByteArrayView data)
         return false;
     for (quint64 object = 0; object < *objectCount; ++object) {
         const auto offset = bigEndian(data, qsizetype(*tableAt) + qsizetype(object) * width, width);
-        if (!offset || *offset >= quint64(trailer))
+        if (!offset)
             return false;
+        // libplist reads only the objects it reaches from the top, and doesn't mind a damaged
+        // entry elsewhere in the table: one such entry must not hide a NUL in the next.
+        if (*offset >= quint64(trailer))
+            continue;
         if (stringObjectHoldsNul(data, qsizetype(*offset)))
             return true;
     }

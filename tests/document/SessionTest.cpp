@@ -135,15 +135,21 @@ TEST_F(Sessions, AStaleCheckSeesACommitOfAnotherProcess)
     EXPECT_EQ(backend->scError(), kSCStatusStale);
 }
 
-TEST_F(Sessions, ApplyOfAStaleSessionFailsToo)
+// Two programs commit one after the other; the first applies after the second committed. Its
+// commit landed, and the second's document holds it: the apply follows the file as it stands,
+// as the system's does, instead of failing a change that was stored.
+TEST_F(Sessions, ApplyAfterAnotherCommitFollowsTheStoredFile)
 {
-    const SessionRef stale = writeSession();
-    const SessionRef fresh = writeSession();
-    renameCurrentSet(fresh, u"Fresh"_s);
-    ASSERT_TRUE(backend->scPreferencesCommitChanges(fresh));
-    EXPECT_FALSE(backend->scPreferencesApplyChanges(stale));
-    EXPECT_EQ(backend->scError(), kSCStatusStale);
-    EXPECT_TRUE(backend->scPreferencesApplyChanges(fresh));
+    const SessionRef first = writeSession();
+    renameCurrentSet(first, u"First"_s);
+    ASSERT_TRUE(backend->scPreferencesCommitChanges(first));
+    const auto other = another();
+    const SessionRef second = writeSession(*other);
+    ASSERT_TRUE(other->scNetworkSetSetName(other->scNetworkSetCopyCurrent(second), u"Second"_s));
+    ASSERT_TRUE(other->scPreferencesCommitChanges(second));
+    EXPECT_TRUE(backend->scPreferencesApplyChanges(first));
+    EXPECT_EQ(backend->scError(), kSCStatusOK);
+    EXPECT_TRUE(other->scPreferencesApplyChanges(second));
 }
 
 TEST_F(Sessions, ASessionCommitsAgainAfterItsOwnCommit)

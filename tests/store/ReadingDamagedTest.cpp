@@ -17,29 +17,12 @@ class ReadingDamaged : public StoreTest
 protected:
     void SetUp() override { openCopyOf(); }
 
-    static QVariantMap at(const QVariantMap &map, const QStringList &path)
-    {
-        QVariantMap here = map;
-        for (const QString &key : path)
-            here = here.value(key).toMap();
-        return here;
-    }
-    static void put(QVariantMap &map, const QStringList &path, const QVariant &value)
-    {
-        if (path.size() == 1) {
-            map.insert(path.first(), value);
-            return;
-        }
-        QVariantMap child = map.value(path.first()).toMap();
-        put(child, path.mid(1), value);
-        map.insert(path.first(), child);
-    }
     void setOrder(const QVariantList &order)
     {
         editPreferences([&](QVariantMap &preferences) {
-            put(preferences,
-                {u"Sets"_s, showSet, u"Network"_s, u"Global"_s, u"IPv4"_s, u"ServiceOrder"_s},
-                order);
+            putAt(preferences,
+                  {u"Sets"_s, showSet, u"Network"_s, u"Global"_s, u"IPv4"_s, u"ServiceOrder"_s},
+                  order);
         });
     }
     QStringList serviceIDs() const
@@ -54,7 +37,7 @@ protected:
         const QVariantMap preferences = parsePropertyListOrEmpty(preferencesBytes());
         QStringList ids;
         for (const QVariant &id :
-             at(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Global"_s, u"IPv4"_s})
+             valueAt(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Global"_s, u"IPv4"_s})
                  .value(u"ServiceOrder"_s)
                  .toList())
             ids.append(id.toString());
@@ -77,8 +60,8 @@ QVariantMap ReadingDamaged::parsePropertyListOrEmpty(const QByteArray &bytes)
 TEST_F(ReadingDamaged, ServiceWithoutInterfaceDictionaryHasNoDevice)
 {
     editPreferences([](QVariantMap &preferences) {
-        put(preferences, {u"NetworkServices"_s, ethernetID}, [&] {
-            QVariantMap service = at(preferences, {u"NetworkServices"_s, ethernetID});
+        putAt(preferences, {u"NetworkServices"_s, ethernetID}, [&] {
+            QVariantMap service = valueAt(preferences, {u"NetworkServices"_s, ethernetID});
             service.remove(u"Interface"_s);
             return service;
         }());
@@ -153,9 +136,9 @@ TEST_F(ReadingDamaged, OrderEntriesThatAreNoStringsAreLeftOut)
 TEST_F(ReadingDamaged, MissingOrderListsTheSystemsOrder)
 {
     editPreferences([](QVariantMap &preferences) {
-        QVariantMap global = at(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Global"_s});
+        QVariantMap global = valueAt(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Global"_s});
         global.remove(u"IPv4"_s);
-        put(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Global"_s}, global);
+        putAt(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Global"_s}, global);
     });
     QStringList ids = serviceIDs();
     EXPECT_EQ(ids.size(), 16);
@@ -167,14 +150,14 @@ TEST_F(ReadingDamaged, MissingOrderListsTheSystemsOrder)
 TEST_F(ReadingDamaged, VLANEntriesWithoutTagOrParentAreNotListed)
 {
     editPreferences([](QVariantMap &preferences) {
-        QVariantMap vlans = at(preferences, {u"VirtualNetworkInterfaces"_s, u"VLAN"_s});
+        QVariantMap vlans = valueAt(preferences, {u"VirtualNetworkInterfaces"_s, u"VLAN"_s});
         QVariantMap control = vlans.value(u"vlan0"_s).toMap();
         control.remove(u"Tag"_s);
         vlans.insert(u"vlan0"_s, control);
         QVariantMap audio = vlans.value(u"vlan1"_s).toMap();
         audio.remove(u"Interface"_s);
         vlans.insert(u"vlan1"_s, audio);
-        put(preferences, {u"VirtualNetworkInterfaces"_s, u"VLAN"_s}, vlans);
+        putAt(preferences, {u"VirtualNetworkInterfaces"_s, u"VLAN"_s}, vlans);
     });
     const auto store = readStore();
     // The system skips a VLAN entry it can't make sense of; the readers go on without it.
@@ -225,11 +208,11 @@ TEST_F(ReadingDamaged, TwoServicesOnOneInterfaceTheLaterWinsInTheIndex)
 {
     const QString twin = u"00000000-0000-0000-0000-0000000000AA"_s;
     editPreferences([&](QVariantMap &preferences) {
-        QVariantMap service = at(preferences, {u"NetworkServices"_s, controlID});
+        QVariantMap service = valueAt(preferences, {u"NetworkServices"_s, controlID});
         service.insert(u"UserDefinedName"_s, u"Control twin"_s);
-        put(preferences, {u"NetworkServices"_s, twin}, service);
-        put(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Service"_s, twin},
-            QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + twin}});
+        putAt(preferences, {u"NetworkServices"_s, twin}, service);
+        putAt(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Service"_s, twin},
+              QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + twin}});
     });
     const auto store = readStore();
     // Whichever of the two the system lists later is the one the index keeps.
@@ -251,8 +234,8 @@ TEST_F(ReadingDamaged, TwoServicesOnOneInterfaceTheLaterWinsInTheIndex)
 TEST_F(ReadingDamaged, TwoLinksToOneServiceListItOnce)
 {
     editPreferences([&](QVariantMap &preferences) {
-        put(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Service"_s, u"ALIAS"_s},
-            QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + controlID}});
+        putAt(preferences, {u"Sets"_s, showSet, u"Network"_s, u"Service"_s, u"ALIAS"_s},
+              QVariantMap{{u"__LINK__"_s, u"/NetworkServices/"_s + controlID}});
     });
     EXPECT_EQ(serviceIDs().count(controlID), 1);
 }

@@ -45,12 +45,36 @@ QByteArray StoreTest::preferencesBytes() const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+QVariantMap StoreTest::valueAt(const QVariantMap &map, const QStringList &path)
+{
+    QVariantMap here = map;
+    for (const QString &key : path)
+        here = here.value(key).toMap();
+    return here;
+}
+
+void StoreTest::putAt(QVariantMap &map, const QStringList &path, const QVariant &value)
+{
+    if (path.size() == 1) {
+        map.insert(path.first(), value);
+        return;
+    }
+    QVariantMap child = map.value(path.first()).toMap();
+    putAt(child, path.mid(1), value);
+    map.insert(path.first(), child);
+}
+
+void StoreTest::writePreferences(const QByteArray &bytes)
+{
+    temporary.write(u"machine/preferences.plist"_s, bytes);
+    platform = Platform::overFolder(folder);
+}
+
 void StoreTest::editPreferences(const std::function<void(QVariantMap &)> &edit)
 {
     QVariantMap preferences = parsePropertyList(preferencesBytes()).value_or(QVariant()).toMap();
     edit(preferences);
-    temporary.write(u"machine/preferences.plist"_s, *xmlPropertyList(preferences));
-    platform = Platform::overFolder(folder);
+    writePreferences(*xmlPropertyList(preferences));
 }
 
 void StoreTest::answerAdministrator(const QString &lines)

@@ -8,6 +8,8 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
+#include <QVariantMap>
 
 #include <gtest/gtest.h>
 
@@ -37,6 +39,12 @@ protected:
     [[nodiscard]] std::unique_ptr<VLANKit::VLANStore> writeStore() const;
 
     [[nodiscard]] QByteArray preferencesBytes() const;
+    /// The dictionary at a path of keys in a document; empty where the path leads nowhere.
+    [[nodiscard]] static QVariantMap valueAt(const QVariantMap &map, const QStringList &path);
+    /// Sets the value at a path of keys, making the dictionaries on the way.
+    static void putAt(QVariantMap &map, const QStringList &path, const QVariant &value);
+    /// Writes the copy's preferences file as these bytes, and chooses the backend over it again.
+    void writePreferences(const QByteArray &bytes);
     /// Changes the copy's preferences file by hand, as a person with an editor would, and
     /// chooses the backend over it again.
     void editPreferences(const std::function<void(QVariantMap &)> &edit);

@@ -5,8 +5,20 @@
 #include <QFile>
 #include <QFileInfo>
 
-TemporaryFolder::TemporaryFolder()
-    : m_dir(QDir::tempPath() + QStringLiteral("/orvane-test-XXXXXX"))
+namespace {
+
+QString parentFolder(TemporaryFolder::Medium medium)
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    if (medium == TemporaryFolder::Medium::memory && QFileInfo(memory).isDir())
+        return memory;
+    return QDir::tempPath();
+}
+
+} // namespace
+
+TemporaryFolder::TemporaryFolder(Medium medium)
+    : m_dir(parentFolder(medium) + QStringLiteral("/orvane-test-XXXXXX"))
 {}
 
 QString TemporaryFolder::copyOf(const QString &repositoryFolder, const QString &name) const

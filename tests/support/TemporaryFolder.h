@@ -7,7 +7,12 @@
 class TemporaryFolder
 {
 public:
-    TemporaryFolder();
+    /// Where the folder lies: on the disk, as the user's files do, or in memory, for tests that
+    /// write thousands of times and whose processes are killed, never the machine: those need no
+    /// flush to reach a disk, and would spend minutes in them. Memory is the disk where Linux
+    /// has no such folder.
+    enum class Medium { disk, memory };
+    explicit TemporaryFolder(Medium medium = Medium::disk);
 
     [[nodiscard]] QString path() const { return m_dir.path(); }
     [[nodiscard]] QString filePath(const QString &name) const { return m_dir.filePath(name); }

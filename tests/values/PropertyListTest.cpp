@@ -3,6 +3,7 @@
 #include "tests/support/QtPrinters.h"
 
 #include <QDateTime>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -174,6 +175,65 @@ TEST(PropertyList, ATextOrKeyHoldingNulIsNotWritten)
     EXPECT_EQ(xmlPropertyList(QVariantMap{{u"a"_s, withNul}}), std::nullopt);
     EXPECT_EQ(xmlPropertyList(QVariantMap{{withNul, u"a"_s}}), std::nullopt);
     EXPECT_EQ(xmlPropertyList(QVariantMap{{u"a"_s, QStringList{u"b"_s, withNul}}}), std::nullopt);
+}
+
+} // namespace
+
+namespace {
+
+QByteArray fuzzRegression(const QString &name)
+{
+    QFile file(QStringLiteral(ORVANE_SOURCE_DIR) + u"/fuzz/regressions/"_s + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Found by fuzzing: a damaged entry of the offset table came before the key with the NUL, and
+// the check gave up there while libplist went on and aborted.
+TEST(PropertyList, NulInABinaryKeyBehindADamagedOffsetIsRefusedNotAborted)
+{
+    const QByteArray damaged = fuzzRegression(u"PropertyList/NulKeyBehindADamagedOffset"_s);
+    ASSERT_FALSE(damaged.isEmpty());
+    QString why;
+    EXPECT_FALSE(parsePropertyList(damaged, {}, &why));
+    EXPECT_EQ(why, u"it holds a NUL character inside a text"_s);
+}
+
+TEST(PropertyList, DatesBeyondThirtyTwoBitSecondsAreWrittenAtTheirEnd)
+{
+    const QVariantList dates{QDateTime(QDate(1900, 1, 1), QTime(0, 0), Qt::UTC),
+                             QDateTime(QDate(2100, 1, 1), QTime(0, 0), Qt::UTC)};
+    const auto xml = xmlPropertyList(dates);
+    ASSERT_TRUE(xml);
+    EXPECT_TRUE(xml->contains("<date>1932-12-13T20:45:52Z</date>"));
+    EXPECT_TRUE(xml->contains("<date>2069-01-19T03:14:07Z</date>"));
+    EXPECT_EQ(xmlPropertyList(*parsePropertyList(*xml)), xml);
+}
+
+// Found by fuzzing: a binary date far before 1933 read as a date no file could hold, and so
+// changed when it was written and read again.
+TEST(PropertyList, AFarBinaryDateReadsBackTheSameOnceWritten)
+{
+    const auto tree =
+        parsePropertyList(fuzzRegression(u"PropertyList/DateBeyondThirtyTwoBitSeconds"_s));
+    ASSERT_TRUE(tree);
+    const auto written = xmlPropertyList(*tree);
+    ASSERT_TRUE(written);
+    EXPECT_EQ(xmlPropertyList(*parsePropertyList(*written)), written);
+}
+
+} // namespace
+
+namespace {
+
+// Found by fuzzing: a binary list holding a value of a kind no settings file holds read with
+// that value absent, and so could not be written back: it is refused whole instead.
+TEST(PropertyList, AValueOfAnUnknownKindIsRefusedWithASentence)
+{
+    const QByteArray odd = fuzzRegression(u"PropertyList/ValueOfAnUnknownKind"_s);
+    ASSERT_FALSE(odd.isEmpty());
+    QString why;
+    EXPECT_FALSE(parsePropertyList(odd, {}, &why));
+    EXPECT_EQ(why, u"it holds a value that is no text, number, date, data, list or dictionary"_s);
 }
 
 } // namespace

@@ -26,7 +26,7 @@ std::optional<QVariant> readPropertyListFile(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    return parsePropertyList(file.readAll());
+    return parsePropertyList(file);
 }
 
 } // namespace
@@ -144,7 +144,8 @@ bool DocumentBackend::lockAndCheck(DocumentSession &session, PreferencesLock &lo
     return true;
 }
 
-DocumentSession *DocumentBackend::lockedForWriting(const SessionRef &session, PreferencesLock &lock)
+DocumentSession *DocumentBackend::lockedForWriting(const SessionRef &session, PreferencesLock &lock,
+                                                   bool refuseStale)
 {
     const auto *pointer = sessionOf(session);
     if (!pointer)
@@ -155,6 +156,10 @@ DocumentSession *DocumentBackend::lockedForWriting(const SessionRef &session, Pr
     if (!held->isAuthorized()) {
         fail(kSCStatusAccessError);
         return nullptr;
+    }
+    if (!refuseStale) {
+        int code = 0;
+        return lock.acquire(m_machine->lockPath(), &code) ? held : (fail(code), nullptr);
     }
     return lockAndCheck(*held, lock) ? held : nullptr;
 }
@@ -169,9 +174,6 @@ bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
         const std::optional<QByteArray> bytes = xmlPropertyList(held->document().root());
         if (!bytes)
             return fail(kSCStatusFailed);
-        // A commit killed before its rename left its temporary file; under the lock none is
-        // being written, so this one clears them.
-        removeLeftoverTemporaries(m_machine->preferencesPath());
         // As the system does, a failure of the file system reports its errno.
         int code = 0;
         if (!writeFileAtomically(m_machine->preferencesPath(), *bytes, nullptr, &code))
@@ -185,14 +187,23 @@ bool DocumentBackend::scPreferencesCommitChanges(const SessionRef &session)
 bool DocumentBackend::scPreferencesApplyChanges(const SessionRef &session)
 {
     PreferencesLock lock;
-    DocumentSession *held = lockedForWriting(session, lock);
+    DocumentSession *held = lockedForWriting(session, lock, false);
     if (!held)
         return false;
-    // The running system follows the stored file, not what a session holds uncommitted.
-    KernelView view = KernelView::applying(held->base(), m_machine);
+    // The running system follows the stored file, not what a session holds uncommitted. As the
+    // system's own apply, it follows the file as it is now: another program may have committed
+    // since this session did, and its document holds this session's changes, since its commit
+    // was not refused as stale.
+    QVariantMap stored = held->base();
+    if (FileSignature::ofPath(m_machine->preferencesPath()) != held->signature()) {
+        const PreferencesFile::Reading reading = m_preferences.read();
+        if (!reading.parsed && !reading.missing)
+            return fail(kSCStatusFailed, reading.problem);
+        stored = reading.parsed ? reading.parsed->root : QVariantMap();
+    }
+    KernelView view = KernelView::applying(stored, m_machine);
     const std::optional<QByteArray> bytes = xmlPropertyList(view.toPropertyList());
     QString words;
-    removeLeftoverTemporaries(m_machine->statePath());
     if (!bytes || !writeFileAtomically(m_machine->statePath(), *bytes, &words))
         return fail(kSCStatusFailed, words);
     m_appliedView = std::move(view);

@@ -168,10 +168,10 @@ private:
     [[nodiscard]] std::optional<InterfaceFacts> factsOf(const InterfaceRef &interface);
     /// Takes the lock and checks that nobody committed over the session; false with the code.
     [[nodiscard]] bool lockAndCheck(DocumentSession &session, PreferencesLock &lock);
-    /// The session of a commit or an apply, authorized, under the lock and not stale; null
-    /// (with the failure recorded) otherwise.
+    /// The session of a commit or an apply, authorized, under the lock and, for a commit, not
+    /// stale; null (with the failure recorded) otherwise.
     [[nodiscard]] DocumentSession *lockedForWriting(const SessionRef &session,
-                                                    PreferencesLock &lock);
+                                                    PreferencesLock &lock, bool refuseStale = true);
     [[nodiscard]] InterfaceRef fixedInterface(const InterfaceFacts &facts) const;
 
     std::shared_ptr<const DocumentMachine> m_machine;

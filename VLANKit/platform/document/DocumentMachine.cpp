@@ -33,7 +33,7 @@ QList<std::pair<HardwareInterface, bool>> DocumentMachine::readInterfaceList(con
         throw VLANError::operationFailed(curlyQuoted(path) + u" can\u2019t be read: "_s
                                          + file.errorString() + u"."_s);
     QString why = u"it holds no property list whose top level is a dictionary"_s;
-    const std::optional<QVariant> parsed = parsePropertyList(file.readAll(), {}, &why);
+    const std::optional<QVariant> parsed = parsePropertyList(file, {}, &why);
     const std::optional<QVariantMap> root = parsed ? anyMap(*parsed) : std::nullopt;
     if (!root)
         throw VLANError::operationFailed(curlyQuoted(path) + u" can\u2019t be read: "_s + why

@@ -1,5 +1,6 @@
 #include "VLANKit/platform/document/MachineDescriptionReader.h"
 
+#include "VLANKit/core/FileProblem.h"
 #include "VLANKit/core/TextRules.h"
 #include "VLANKit/core/VLANError.h"
 #include "VLANKit/platform/document/TomlTableReader.h"
@@ -142,6 +143,13 @@ MachineDescription MachineDescriptionReader::readFile(const QString &path)
     if (!file.open(QIODevice::ReadOnly))
         throw VLANError::operationFailed(curlyQuoted(path) + u" can\u2019t be read: "_s
                                          + file.errorString() + u"."_s);
+    // People write these by hand: a file of megabytes is no description, and is refused before
+    // it is read.
+    constexpr qint64 largestDescription = 1024 * 1024;
+    if (file.size() > largestDescription)
+        throw VLANError::operationFailed(
+            curlyQuoted(path) + u" can\u2019t be read: "_s
+            + FileProblem::tooLarge(file.size(), u"machine description"_s) + u"."_s);
     return parse(file.readAll(), path);
 }
 

@@ -33,7 +33,7 @@ PreferencesFile::Reading PreferencesFile::read()
     parsed->signature = FileSignature::ofDescriptor(static_cast<int>(file.handle()));
     ++m_parses;
     QString why = u"it holds no property list whose top level is a dictionary"_s;
-    const std::optional<QVariant> value = parsePropertyList(file.readAll(), {}, &why);
+    const std::optional<QVariant> value = parsePropertyList(file, {}, &why);
     const std::optional<QVariantMap> root = value ? anyMap(*value) : std::nullopt;
     if (!root) {
         // The system would start from nothing and write over the file at the next commit; a
