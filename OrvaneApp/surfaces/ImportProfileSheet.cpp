@@ -141,8 +141,7 @@ QList<ImportPreview::Line> ImportProfileSheet::preview(const Profile &profile, c
         if (entry.ip.mode != IPMode::manual || !entry.ip.address)
             continue;
         const ProfileEntry &after = rehosted.entries.value(index, entry);
-        lines.append({entry.name, *entry.ip.address,
-                      after.ip.address.value_or(QString())});
+        lines.append({entry.name, *entry.ip.address, after.ip.address.value_or(QString())});
     }
     return lines;
 }
