@@ -28,9 +28,9 @@ struct AddColumns
     {
         AddColumns columns;
         int x = 0;
-        const auto next = [&x](int width) {
+        const auto next = [&x](int span) {
             const int at = x;
-            x += width + spacing;
+            x += span + spacing;
             return at;
         };
         columns.tagX = next(tag);

@@ -46,9 +46,9 @@ struct CurrentColumns
     {
         CurrentColumns columns;
         int x = 0;
-        const auto next = [&x](int width) {
+        const auto next = [&x](int span) {
             const int at = x;
-            x += width + spacing;
+            x += span + spacing;
             return at;
         };
         columns.tickX = next(tick);

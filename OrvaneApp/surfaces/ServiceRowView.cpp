@@ -133,11 +133,12 @@ void ServiceRowView::build()
         {m_address, &ServiceEdit::setAddress},
         {m_mask, &ServiceEdit::setSubnetMask},
         {m_router, &ServiceEdit::setRouter}};
-    for (const auto &[field, setter] : fields) {
-        connect(field, &QLineEdit::textEdited, this, [this, setter](const QString &text) {
-            if (m_row)
-                (m_row.get()->*setter)(text);
-        });
+    for (const auto &field : fields) {
+        connect(field.first, &QLineEdit::textEdited, this,
+                [this, setter = field.second](const QString &text) {
+                    if (m_row)
+                        (m_row.get()->*setter)(text);
+                });
     }
 
     m_ipv6 = Choices::unlabelled(CurrentColumns::ipv6, m_dimmable);
@@ -175,8 +176,8 @@ void ServiceRowView::placeColumns(bool vlan, bool hasService)
 {
     const CurrentColumns columns = CurrentColumns::of(m_nameColumn, vlan);
     setFixedSize(columns.width, rowHeight);
-    const int y = (rowHeight - 1 - controlHeight) / 2;
-    const auto put = [y](QWidget *widget, int x, int width) {
+    static constexpr int y = (rowHeight - 1 - controlHeight) / 2;
+    const auto put = [](QWidget *widget, int x, int width) {
         const QRect place(x, y, width, controlHeight);
         if (widget->geometry() != place)
             widget->setGeometry(place);

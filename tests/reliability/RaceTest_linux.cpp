@@ -143,13 +143,11 @@ TEST_F(Race, TwoWritersAndAReloadingModelLoseNothingAndSeeNothingHalfDone)
     EXPECT_EQ(statuses, 2) << "a commit failed other than as stale";
 
     const auto store = readStore();
-    int staleInAll = 0;
     for (const Writer &writer : {writerA, writerB}) {
         const auto [landed, stale] = reportOf(writer);
         EXPECT_EQ(landed + stale, commitsPerWriter);
         // Every landed commit raised the counter from what the one before it left.
         EXPECT_EQ(countIn(vlanTagged(*store, writer.counterTag).name, writer), landed);
-        staleInAll += stale;
         RecordProperty((writer.name + u"landed"_s).toStdString(), landed);
         std::printf("writer %s: %d landed, %d stale\n", qPrintable(writer.name), landed, stale);
     }

@@ -135,7 +135,7 @@ TEST_F(OrderSheet, TwoServicesMakeTheList48High)
 
 TEST_F(OrderSheet, NineteenServicesMakeTheList444HighAndScroll)
 {
-    changeElsewhere([this](VLANStore &store) {
+    changeElsewhere([](VLANStore &store) {
         const qsizetype have = store.services().size();
         for (qsizetype tag = 3001; have + (tag - 3001) < 19; ++tag)
             store.createVLAN(tag, u"%1 - Spare (DONGLE)"_s.arg(tag), u"en5"_s, IPConfig{}, true);
